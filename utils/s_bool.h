@@ -1,0 +1,30 @@
+// s_bool_t<bool> is a truth value that stands in `if` and `while` but never becomes a number:
+// it converts to a pointer to a function, which is null exactly when the value is false, and it is
+// made from a bool alone, so neither `s_bool b = 5` nor `int i = b` compiles.
+//   s_bool found = text.Contains("=");
+//   if (found) ...
+#pragma once
+
+#include "utils/fwd.h"
+
+namespace Quarn {
+
+template <class T>
+class s_bool_t {
+ public:
+  using Test = void (*)();
+
+  constexpr s_bool_t() = default;
+  template <std::same_as<T> Value>
+  constexpr s_bool_t(Value value) : value_(value) {}
+
+  constexpr operator Test() const { return value_ ? &IsTrue : nullptr; }
+  constexpr bool operator!() const { return !value_; }
+
+ private:
+  static void IsTrue() {}
+
+  T value_ = false;
+};
+
+}  // namespace Quarn

@@ -1,0 +1,63 @@
+// s_ctnr<T> is a sequence with value semantics over std::deque<T>; copying it copies its elements.
+// The base s_ctnr_t<T, C> holds the container, so that a container may be destroyed through it.
+//   s_ctnr<s_str> words;
+//   words.PushBack("a");
+//   for (const s_str& word : words) ...
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <initializer_list>
+#include <utility>
+
+#include "utils/s_int.h"
+
+namespace Quarn {
+
+template <class T, class C>
+class s_ctnr_t {
+ public:
+  s_ctnr_t() = default;
+  s_ctnr_t(std::initializer_list<T> elements) : elements_(elements) {}
+  s_ctnr_t(const s_ctnr_t&) = default;
+  s_ctnr_t(s_ctnr_t&&) = default;
+  s_ctnr_t& operator=(const s_ctnr_t&) = default;
+  s_ctnr_t& operator=(s_ctnr_t&&) = default;
+  virtual ~s_ctnr_t() = default;
+
+  void PushBack(T element) { elements_.push_back(std::move(element)); }
+  void PopBack() { elements_.pop_back(); }  // REQUIRES: not empty
+  void Clear() { elements_.clear(); }
+  // Removes the element at an index from 0; an index past the end removes nothing.
+  void Erase(s_uint index) {
+    if (index < GetSize()) elements_.erase(elements_.begin() + index.Get());
+  }
+
+  s_uint GetSize() const { return static_cast<unsigned int>(elements_.size()); }
+  s_bool IsEmpty() const { return elements_.empty(); }
+
+  // The element at an index from 0. An index past the end raises std::out_of_range.
+  T& operator[](s_uint index) { return elements_.at(Checked(index)); }
+  const T& operator[](s_uint index) const { return elements_.at(Checked(index)); }
+
+  auto begin() { return elements_.begin(); }
+  auto end() { return elements_.end(); }
+  auto begin() const { return elements_.begin(); }
+  auto end() const { return elements_.end(); }
+
+ private:
+  // NaN and INF lie past every end.
+  static std::size_t Checked(s_uint index) {
+    return index.IsValid() ? index.Get() : static_cast<std::size_t>(-1);
+  }
+
+  C elements_;
+};
+
+template <class T>
+class s_ctnr : public s_ctnr_t<T, std::deque<T>> {
+ public:
+  using s_ctnr_t<T, std::deque<T>>::s_ctnr_t;
+};
+
+}  // namespace Quarn

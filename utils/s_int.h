@@ -1,0 +1,80 @@
+// s_int_t<T> is an integer with a state: a number, infinite, or not a number. A position that was
+// not found is NaN, a count that runs to the end is INF. Sums and differences of numbers wrap
+// modulo the width of T, unchecked.
+//   s_uint position = text.Find("=");  // NaN when there is none
+//   if (position.IsValid()) ...
+#pragma once
+
+#include <type_traits>
+
+#include "utils/s_bool.h"
+
+namespace Quarn {
+
+template <std::integral T>
+class s_int_t {
+ public:
+  enum class State : unsigned int { kNumber = 0, kInfinite = 1, kNaN = 2 };
+
+  static const s_int_t NaN;
+  static const s_int_t INF;
+
+  constexpr s_int_t() = default;
+  constexpr s_int_t(T value) : value_(value) {}
+
+  // The value without its state; 0 for NaN and INF.
+  constexpr T Get() const { return value_; }
+  constexpr State GetState() const { return state_; }
+
+  constexpr s_bool IsValid() const { return state_ == State::kNumber; }
+  constexpr s_bool IsNaN() const { return state_ == State::kNaN; }
+  constexpr s_bool IsNull() const { return state_ == State::kNumber && value_ == 0; }
+
+  friend constexpr s_int_t operator+(s_int_t a, s_int_t b) {
+    return a.WithStateOf(b, static_cast<T>(a.Bits() + b.Bits()));
+  }
+  friend constexpr s_int_t operator-(s_int_t a, s_int_t b) {
+    return a.WithStateOf(b, static_cast<T>(a.Bits() - b.Bits()));
+  }
+  constexpr s_int_t& operator+=(s_int_t other) { return *this = *this + other; }
+  constexpr s_int_t& operator-=(s_int_t other) { return *this = *this - other; }
+
+  // Every comparison with NaN is false, equality included. INF is above every number and equal to
+  // itself.
+  friend constexpr s_bool operator<=(s_int_t a, s_int_t b) {
+    if (a.state_ == State::kNaN || b.state_ == State::kNaN) return false;
+    if (b.state_ == State::kInfinite) return true;
+    return a.state_ == State::kNumber && a.value_ <= b.value_;
+  }
+  friend constexpr s_bool operator>=(s_int_t a, s_int_t b) { return b <= a; }
+  friend constexpr s_bool operator==(s_int_t a, s_int_t b) { return (a <= b) && (b <= a); }
+  friend constexpr s_bool operator!=(s_int_t a, s_int_t b) { return !(a == b); }
+  friend constexpr s_bool operator<(s_int_t a, s_int_t b) { return (a <= b) && !(b <= a); }
+  friend constexpr s_bool operator>(s_int_t a, s_int_t b) { return b < a; }
+
+ private:
+  using Unsigned = std::make_unsigned_t<T>;
+
+  constexpr s_int_t(T value, State state) : value_(value), state_(state) {}
+
+  constexpr Unsigned Bits() const { return static_cast<Unsigned>(value_); }
+
+  // The state of a result: NaN beats infinite, infinite beats a number.
+  constexpr s_int_t WithStateOf(s_int_t other, T value) const {
+    if (state_ == State::kNaN || other.state_ == State::kNaN) return {0, State::kNaN};
+    if (state_ == State::kInfinite || other.state_ == State::kInfinite) {
+      return {0, State::kInfinite};
+    }
+    return value;
+  }
+
+  T value_ = 0;
+  State state_ = State::kNumber;
+};
+
+template <std::integral T>
+constinit const s_int_t<T> s_int_t<T>::NaN{0, State::kNaN};
+template <std::integral T>
+constinit const s_int_t<T> s_int_t<T>::INF{0, State::kInfinite};
+
+}  // namespace Quarn

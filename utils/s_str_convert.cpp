@@ -1,0 +1,142 @@
+#include "utils/s_str_convert.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <sstream>
+
+namespace Quarn {
+namespace {
+
+char* WriteWord(char* out, std::string_view word) {
+  std::memcpy(out, word.data(), word.size());
+  return out + word.size();
+}
+
+template <class T>
+char* WriteReal(char* out, T value, int digits) {
+  switch (s_double_t<T>(value).Classify()) {
+    case s_double_t<T>::Class::kNaN:
+      return WriteWord(out, "nan");
+    case s_double_t<T>::Class::kPositiveInfinity:
+      return WriteWord(out, "inf+");
+    case s_double_t<T>::Class::kNegativeInfinity:
+      return WriteWord(out, "inf-");
+    case s_double_t<T>::Class::kFinite:
+      break;
+  }
+  return std::to_chars(out, out + kNumberRoom, value, std::chars_format::general, digits).ptr;
+}
+
+template <class T>
+s_str RealToText(T value, int digits) {
+  char room[kNumberRoom];
+  const char* end = WriteReal(room, value, digits);
+  return s_str(std::string_view(room, static_cast<std::size_t>(end - room)));
+}
+
+template <class T>
+s_str IntegerToText(s_int_t<T> value) {
+  if (value.GetState() == s_int_t<T>::State::kInfinite) return "inf";
+  if (value.GetState() == s_int_t<T>::State::kNaN) return "nan";
+  return value.IsValid() ? s_str(std::to_string(value.Get())) : s_str();
+}
+
+// What the C locale's isspace says.
+bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// The characters that a stream takes for a number: sign, digits with one full stop, and an exponent
+// once there was a digit. It takes them before it looks whether they make a number: "5e" is taken
+// whole, and is none.
+std::string_view TakeNumber(std::string_view text) {
+  std::size_t at = 0;
+  while (at < text.size() && IsSpace(text[at])) ++at;
+  text.remove_prefix(at);
+  at = 0;
+  const auto is = [&](char a, char b) {
+    return at < text.size() && (text[at] == a || text[at] == b);
+  };
+  if (is('+', '-')) ++at;
+  bool digit = false, point = false;
+  for (; at < text.size() && (IsDigit(text[at]) || (!point && text[at] == '.')); ++at) {
+    (text[at] == '.' ? point : digit) = true;
+  }
+  if (digit && is('e', 'E')) {
+    ++at;
+    if (is('+', '-')) ++at;
+    while (at < text.size() && IsDigit(text[at])) ++at;
+  }
+  return text.substr(0, at);
+}
+
+// The rare numbers beyond the range of double: the stream itself tells what becomes of them.
+NumberRead ReadBeyondRange(std::string_view number) {
+  std::istringstream stream{std::string(number)};
+  stream.imbue(std::locale::classic());
+  double value = 0;
+  stream >> value;
+  return {value, !stream.fail()};
+}
+
+template <class T>
+T ReadInteger(const s_str& text) {
+  std::istringstream stream(text.Get());
+  stream.imbue(std::locale::classic());
+  T value = 0;
+  stream >> value;
+  return value;
+}
+
+}  // namespace
+
+char* WriteDouble(char* out, double value) { return WriteReal(out, value, kDoubleDigits); }
+
+s_str ToText(s_double value) { return RealToText(value.Get(), kDoubleDigits); }
+s_str ToText(s_float value) { return RealToText(value.Get(), kFloatDigits); }
+s_str ToText(s_uint value) { return IntegerToText(value); }
+s_str ToText(s_ulong value) { return IntegerToText(value); }
+s_str ToText(s_int value) { return IntegerToText(value); }
+s_str ToText(s_bool value) { return value ? "true" : "false"; }
+
+NumberRead ReadDouble(std::string_view text) {
+  const std::string_view number = TakeNumber(text);
+  const char* begin = number.data();
+  const char* end = begin + number.size();
+  if (begin != end && *begin == '+') ++begin;  // from_chars knows no plus sign
+  if (begin != end && begin != number.data() && *begin == '-') return {0, false};
+  double value = 0;
+  const auto [stop, problem] = std::from_chars(begin, end, value);
+  if (problem == std::errc::result_out_of_range) return ReadBeyondRange(number);
+  if (problem != std::errc() || stop != end) return {0, false};
+  return {value, true};
+}
+
+s_double ToDouble(const s_str& text) { return ReadDouble(text.GetView()).value; }
+s_float ToFloat(const s_str& text) { return ReadInteger<float>(text); }
+s_uint ToUint(const s_str& text) { return ReadInteger<unsigned int>(text); }
+s_ulong ToUlong(const s_str& text) { return ReadInteger<unsigned long>(text); }
+
+s_bool ToBool(const s_str& text) {
+  for (const BooleanWord& word : kBooleanWords) {
+    if (text == word.text) return word.value;
+  }
+  return false;
+}
+
+s_ustr Widen(const s_str& text) {
+  s_ustr wide;
+  for (char character : text) wide += static_cast<unsigned char>(character);
+  return wide;
+}
+
+s_str Narrow(const s_ustr& text) {
+  s_str narrow;
+  for (unsigned int character : text) {
+    narrow += character <= 0xFF ? static_cast<char>(static_cast<unsigned char>(character)) : '?';
+  }
+  return narrow;
+}
+
+}  // namespace Quarn
