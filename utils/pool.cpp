@@ -20,7 +20,7 @@ constexpr bool kPooled = true;
 #endif
 
 constexpr std::size_t kStep = 16;
-constexpr std::size_t kSizes = 8;  // blocks up to 128 bytes
+constexpr std::size_t kSizes = 16;  // blocks up to 256 bytes
 
 struct Block {
   Block* next;

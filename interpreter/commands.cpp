@@ -1,0 +1,187 @@
+// The command lines: cuts a line at ";", tells by its characters what each piece asks for, carries
+// it out and prints what there is to say. Pieces are not trimmed before they are told apart, and
+// the first "=", ":" and "&" count wherever they stand: "~x=3" is an assignment, to a bad name.
+#include <istream>
+#include <ostream>
+#include <string>
+#include <utility>
+
+#include "interpreter/builtins.h"
+#include "interpreter/messages.h"
+#include "interpreter/state.h"
+#include "utils/trim.h"
+
+namespace Quarn {
+namespace {
+
+constexpr std::size_t kNowhere = std::string_view::npos;
+
+bool IsAlphanumeric(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+bool StandsBefore(std::size_t position, std::size_t next) {
+  return position != kNowhere && next != kNowhere && position + 1 == next;
+}
+
+}  // namespace
+
+bool State::IsName(std::string_view text) {
+  for (char c : text) {
+    if (!IsAlphanumeric(c)) return false;
+  }
+  return true;
+}
+
+s_bool State::CheckName(std::string_view name, s_str& error) {
+  if (IsName(name)) return true;
+  AddError(error, name == "_" ? messages::LastResultNotAssignable()
+                              : messages::OnlyAlphanumericNames(name));
+  return false;
+}
+
+void State::ProcessLine(const s_str& line) {
+  std::string_view rest = line.GetView();
+  while (!rest.empty()) {
+    const std::string_view command = rest.substr(0, rest.find(';'));
+    rest.remove_prefix(std::min(command.size() + 1, rest.size()));
+    if (command.empty() || command.starts_with("//")) continue;
+    const Depth::Level level(depth_);
+    ProcessCommand(command);
+  }
+}
+
+void State::ProcessCommand(std::string_view command) {
+  const std::size_t equals = command.find('=');
+  const std::size_t colon = command.find(':');
+  // Kept on purpose: "x:=3" does nothing, and says nothing.
+  if (StandsBefore(colon, equals)) return;
+  if (StandsBefore(command.find('&'), equals)) {
+    return DefineReference(command.substr(0, equals - 1), command.substr(equals + 1));
+  }
+  if (equals != kNowhere) return Assign(command.substr(0, equals), command.substr(equals + 1));
+  if (colon != kNowhere) return Declare(command.substr(0, colon), command.substr(colon + 1));
+  if (command == "~") return DeleteAll();
+  if (command.front() == '~') return Delete(command.substr(1));
+  if (command == "?") {
+    PrintHelp();
+    return SetLastResult({});
+  }
+  if (command.front() == '?') return Query(command.substr(1));
+  PrintExpression(command);
+}
+
+void State::DefineReference(std::string_view name, std::string_view expression) {
+  if (!PassesNameCheck(name = TrimSpaces(name))) return;
+  const s_str own_name(name);
+  const s_refptr<Symbol> reference = NewReference(*this, own_name, expression);
+  Store(own_name, reference);
+  PrintValue("\tDefining ", reference->GetDeclaredType().GetView(), *reference);
+}
+
+void State::Assign(std::string_view name, std::string_view expression) {
+  if (!PassesNameCheck(name = TrimSpaces(name))) return;
+  const s_str own_name(name);
+  s_str error;
+  const s_refptr<Symbol> value = EvaluateText(expression, own_name, error);
+  if (depth_.IsExhausted()) return PrintMessage(messages::NestedTooDeeply());
+  // A warning refuses the value too.
+  if (!error.IsEmpty()) return PrintMessage(error);
+  if (!value) return;
+  Store(own_name, value);
+  PrintValue("\tDefining ", value->GetDeclaredType().GetView(), *value);
+}
+
+void State::Declare(std::string_view name, std::string_view type) {
+  if (!PassesNameCheck(name = TrimSpaces(name))) return;
+  const auto row = types_.find(type = TrimSpaces(type));
+  if (row == types_.end()) return PrintMessage(messages::UnknownType(type));
+  const s_str own_name(name);
+  const s_refptr<Symbol> value = row->second.create(own_name);
+  Store(own_name, value);
+  PrintValue("\tDefining ", type, *value);
+}
+
+void State::DeleteAll() {
+  out_ << "\tWarning : This command will erase all symbols.\n"
+          "\t          Are you sure ? ([y|Enter]/n) ";
+  Flush();
+  std::string answer;
+  // At the end of input the answer is empty, as if Enter had been pressed.
+  std::getline(in_, answer);
+  if (answer.empty() || answer == "y" || answer == "Y") {
+    symbols_.Clear();
+    PrintMessage("\tAll symbols erased");
+  }
+  SetLastResult({});
+}
+
+void State::Delete(std::string_view name) {
+  s_str message = "\t";
+  if (const s_refptr<Symbol>* symbol = symbols_.Find(name)) {
+    const s_refptr<Symbol> erased = *symbol;
+    message.Append(erased->GetType().GetView()).Append(" '").Append(name).Append("' erased");
+    symbols_.Erase(s_str(name));
+  } else {
+    message.Append("'").Append(name).Append("' is undefined");
+  }
+  PrintMessage(message);
+  SetLastResult({});
+}
+
+void State::Query(std::string_view name) {
+  const s_refptr<Symbol>* symbol = symbols_.Find(name);
+  if (!symbol) return PrintMessage(messages::UnknownSymbol(name));
+  const s_refptr<Symbol> queried = *symbol;
+  PrintValue("\t", queried->GetType().GetView(), *queried);
+  // Kept on purpose: a query that succeeds forgets the last result, one that fails keeps it.
+  SetLastResult({});
+}
+
+void State::PrintExpression(std::string_view expression) {
+  s_str error;
+  const s_refptr<Symbol> value = EvaluateText(expression, Symbol::NoName(), error, true);
+  if (depth_.IsExhausted()) return PrintMessage(messages::NestedTooDeeply());
+  if (!value) return PrintMessage(error);
+  const s_str& name = value->GetName();
+  if (name.IsEmpty() || symbols_.Contains(name.GetView())) {
+    PrintValue("\t", value->GetType().GetView(), *value);
+    return SetLastResult(value);
+  }
+  // A result with a name of its own, such as a new abstract symbol, is a definition.
+  if (!PassesNameCheck(name.GetView())) return;
+  Store(name, value);
+  PrintValue("\tDefining ", value->GetType().GetView(), *value);
+}
+
+// Gives the name its value; the value is also the last result.
+void State::Store(const s_str& name, const s_refptr<Symbol>& value) {
+  symbols_.Set(name, value);
+  SetLastResult(value);
+}
+
+bool State::PassesNameCheck(std::string_view name) {
+  s_str error;
+  if (CheckName(name, error)) return true;
+  PrintMessage(error);
+  return false;
+}
+
+void State::PrintMessage(s_str message) {
+  message += '\n';
+  out_.write(message.Get().data(), static_cast<std::streamsize>(message.Get().size()));
+}
+
+// The whole line is composed before any of it is printed, since a value may be evaluated for it.
+// Its room is kept for the next one, and is taken out of the State meanwhile for the same reason.
+void State::PrintValue(std::string_view before, std::string_view type, const Symbol& value) {
+  s_str line = std::move(line_);
+  line.Clear();
+  line.Append(before).Append(type).Append(" : ");
+  value.AppendTo(line);
+  line += '\n';
+  out_.write(line.Get().data(), static_cast<std::streamsize>(line.Get().size()));
+  line_ = std::move(line);
+}
+
+}  // namespace Quarn

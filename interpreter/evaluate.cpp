@@ -1,0 +1,267 @@
+// The evaluation of expressions. The meaning is a recursion: cut the text at its top level, split
+// it at the operator of lowest priority (the rightmost among equals), evaluate both sides, apply.
+// What runs is the same in one pass from left to right: an operator waits until one that binds no
+// tighter comes, or the end; then everything to its right is known. So at most one operator of each
+// priority waits at a level, a chain of equals is folded as it is read, and every value and failure
+// comes in the order of the recursion. Parentheses wait in the same list and cost no recursion
+// either.
+#include <memory>
+#include <optional>
+
+#include "interpreter/messages.h"
+#include "interpreter/state.h"
+
+namespace Quarn {
+namespace {
+
+constexpr unsigned int kLowestPriority = 1;
+
+bool IsParenthesised(std::string_view text) {
+  return !text.empty() && text.front() == '(' && text.back() == ')';
+}
+
+}  // namespace
+
+// One evaluation of one piece, with its share of the workspace.
+class Evaluation {
+ public:
+  // Of a piece of a text that is being evaluated already.
+  Evaluation(State& state, const Piece& piece, const s_str& name, s_str& error,
+             bool allow_new_symbol)
+      : Evaluation(state, name, error, allow_new_symbol) {
+    rest_ = piece;
+  }
+  // Of a text of its own.
+  Evaluation(State& state, std::string_view text, const s_str& name, s_str& error,
+             bool allow_new_symbol)
+      : Evaluation(state, name, error, allow_new_symbol) {
+    rest_ = Piece(source_.emplace(text, state.workspace_.brackets));
+  }
+  ~Evaluation() {
+    work_.pending.erase(work_.pending.begin() + Offset(pending_base_), work_.pending.end());
+    work_.outer.erase(work_.outer.begin() + Offset(outer_base_), work_.outer.end());
+    work_.values.erase(work_.values.begin() + Offset(values_base_), work_.values.end());
+  }
+  Evaluation(const Evaluation&) = delete;
+  Evaluation& operator=(const Evaluation&) = delete;
+
+  s_refptr<Symbol> Run();
+
+  // What an evaluation keeps is not on the stack, where it may stand in thousands.
+  template <class... Arguments>
+  [[gnu::noinline]] static std::unique_ptr<Evaluation> Make(Arguments&&... arguments) {
+    return std::unique_ptr<Evaluation>(new Evaluation(std::forward<Arguments>(arguments)...));
+  }
+  static void* operator new(std::size_t size) { return Pool::Allocate(size); }
+  static void operator delete(void* block, std::size_t size) noexcept { Pool::Free(block, size); }
+
+ private:
+  Evaluation(State& state, const s_str& name, s_str& error, bool allow_new_symbol)
+      : state_(state),
+        work_(state.workspace_),
+        name_(name),
+        error_(error),
+        allow_new_symbol_(allow_new_symbol),
+        pending_base_(work_.pending.size()),
+        outer_base_(work_.outer.size()),
+        values_base_(work_.values.size()) {}
+
+  static std::ptrdiff_t Offset(std::size_t base) { return static_cast<std::ptrdiff_t>(base); }
+
+  bool EnterLevel(const Piece& level);
+  [[gnu::noinline]] bool OpenParenthesis();
+  void CloseParenthesis();
+  bool ReadLeaf();
+  void ReadOperator();
+  std::uint8_t GetNextOperator() const;
+  bool IsLastDue() const;
+  bool ApplyLast();
+  bool ApplyUnary(Pending last);
+  bool PutResult(s_refptr<Symbol> result);
+  s_refptr<Symbol> TakeValue();
+  s_refptr<Symbol> TakeResult();
+
+  // Is the operand all there is? Then its value is the result, and bears the name.
+  bool IsWhole() const {
+    return outermost_ && operand_.GetBegin() == level_begin_ && operand_.GetEnd() == level_end_;
+  }
+
+  State& state_;
+  Workspace& work_;
+  const s_str& name_;
+  s_str& error_;
+  std::optional<Source> source_;  // of a text of its own
+  Piece rest_;                    // what is still to be read of the level
+  Piece operand_;  // what was read last: a leaf, parentheses, or nothing between two operators
+  s_refptr<Symbol> left_;  // of the operator that is being applied
+  s_refptr<Symbol> right_;
+  std::uint32_t level_begin_ = 0;  // the level: what the innermost parenthesis holds, or all
+  std::uint32_t level_end_ = 0;
+  bool outermost_ = true;   // has no parenthesis been opened but around the whole?
+  bool allow_new_symbol_;   // only for what stands in no parentheses
+  bool has_value_ = false;  // does a value stand behind the last pending operator?
+  bool is_leaf_ = false;    // is the result a leaf, which named itself?
+  const std::size_t pending_base_;
+  const std::size_t outer_base_;
+  const std::size_t values_base_;
+};
+
+bool Evaluation::EnterLevel(const Piece& level) {
+  rest_ = level.Trimmed();
+  level_begin_ = rest_.GetBegin();
+  level_end_ = rest_.GetEnd();
+  has_value_ = false;
+  if (!rest_.IsEmpty()) return rest_.CheckBrackets(error_);
+  AddError(error_, messages::EmptySymbol());
+  return false;
+}
+
+bool Evaluation::OpenParenthesis() {
+  if (IsWhole()) {
+    allow_new_symbol_ = false;
+    return EnterLevel(operand_.Inside());
+  }
+  outermost_ = false;
+  work_.pending.push_back({Pending::kParenthesis, 0, false});
+  work_.outer.push_back(rest_);
+  return EnterLevel(operand_.Inside());
+}
+
+// The value of the parentheses becomes an operand of the level around them.
+void Evaluation::CloseParenthesis() {
+  work_.pending.pop_back();
+  rest_ = work_.outer.back();
+  work_.outer.pop_back();
+  has_value_ = true;
+}
+
+bool Evaluation::ReadLeaf() {
+  is_leaf_ = IsWhole();
+  s_refptr<Symbol> value = state_.EvaluateLeaf(operand_, is_leaf_ ? name_ : Symbol::NoName(),
+                                               error_, is_leaf_ && allow_new_symbol_);
+  if (!value) return false;
+  work_.values.push_back(std::move(value));
+  has_value_ = true;
+  return true;
+}
+
+void Evaluation::ReadOperator() {
+  const std::uint8_t op = GetNextOperator();
+  work_.pending.push_back({static_cast<std::uint8_t>(kPriorities[op].priority), op, has_value_});
+  has_value_ = false;
+  rest_.DropFirst();
+}
+
+// The operator at which the reading stopped. REQUIRES: it did not stop at the end.
+std::uint8_t Evaluation::GetNextOperator() const {
+  return kOperatorOf[static_cast<unsigned char>(rest_.GetText().front())];
+}
+
+// Does the last operator that waits at this level bind at least as tightly as what comes next?
+bool Evaluation::IsLastDue() const {
+  if (work_.pending.size() == pending_base_) return false;
+  const unsigned int next =
+      rest_.IsEmpty() ? kLowestPriority : kPriorities[GetNextOperator()].priority;
+  return work_.pending.back().priority >= next;
+}
+
+// Operands may be references, and what those evaluate may come here again: see leaf.cpp about the
+// stack.
+[[gnu::always_inline]] inline bool Evaluation::ApplyLast() {
+  const Pending last = work_.pending.back();
+  work_.pending.pop_back();
+  if (!last.has_left || !has_value_) return ApplyUnary(last);
+  right_ = TakeValue();
+  left_ = TakeValue();
+  return PutResult(state_.ApplyBinary(last.op, left_, right_, error_));
+}
+
+[[gnu::noinline]] bool Evaluation::ApplyUnary(Pending last) {
+  const std::string_view op = kPriorities[last.op].text;
+  if (!last.has_left && !has_value_) {
+    AddError(error_, messages::MissingOperands(op));
+    return false;
+  }
+  return PutResult(last.has_left ? state_.ApplyLeftUnaryOperator(op, TakeValue(), error_)
+                                 : state_.ApplyRightUnaryOperator(op, TakeValue(), error_));
+}
+
+[[gnu::noinline]] bool Evaluation::PutResult(s_refptr<Symbol> result) {
+  if (!result) return false;
+  if (!result->GetName().IsEmpty()) result->SetName(Symbol::NoName());
+  work_.values.push_back(std::move(result));
+  return has_value_ = true;
+}
+
+s_refptr<Symbol> Evaluation::TakeValue() {
+  s_refptr<Symbol> value = std::move(work_.values.back());
+  work_.values.pop_back();
+  return value;
+}
+
+s_refptr<Symbol> Evaluation::TakeResult() {
+  s_refptr<Symbol> result = TakeValue();
+  if (!is_leaf_ && !name_.IsEmpty()) result->SetName(name_);
+  return result;
+}
+
+s_refptr<Symbol> Evaluation::Run() {
+  if (!EnterLevel(rest_)) return {};
+  while (true) {
+    // Blanks between two operators are nothing: they trim away from whichever side they fall to.
+    operand_ = rest_.CutBefore(CharacterClass::kOperator).Trimmed();
+    if (IsParenthesised(operand_.GetText())) {
+      if (!OpenParenthesis()) return {};
+      continue;
+    }
+    if (!operand_.IsEmpty() && !ReadLeaf()) return {};
+    while (true) {
+      while (IsLastDue()) {
+        if (!ApplyLast()) return {};
+      }
+      if (!rest_.IsEmpty()) break;
+      if (work_.outer.size() == outer_base_) return TakeResult();
+      CloseParenthesis();
+    }
+    ReadOperator();
+  }
+}
+
+s_refptr<Symbol> State::Evaluate(const Piece& piece, const s_str& name, s_str& error,
+                                 bool allow_new_symbol) {
+  const Depth::Level level(depth_);
+  if (!level.IsGranted()) return {};
+  return Evaluation::Make(*this, piece, name, error, allow_new_symbol)->Run();
+}
+
+s_refptr<Symbol> State::EvaluateText(std::string_view text, const s_str& name, s_str& error,
+                                     bool allow_new_symbol) {
+  if (depth_.IsOutside()) return EvaluateOutermost(text, name, error, allow_new_symbol);
+  const Depth::Level level(depth_);
+  if (!level.IsGranted()) return {};
+  return Evaluation::Make(*this, text, name, error, allow_new_symbol)->Run();
+}
+
+s_refptr<Symbol> State::EvaluateOutermost(std::string_view text, const s_str& name, s_str& error,
+                                          bool allow_new_symbol) {
+  const Depth::Level level(depth_);
+  const s_uint reported = error.GetSize();
+  s_refptr<Symbol> value = EvaluateText(text, name, error, allow_new_symbol);
+  if (level.IsGranted()) return value;
+  // Whatever failed on the way up failed for this one reason.
+  error = error.ExtractCount(0U, reported);
+  AddError(error, messages::NestedTooDeeply());
+  return {};
+}
+
+s_refptr<Symbol> State::EvaluateSilently(std::string_view text) {
+  workspace_.unheard.Clear();
+  return EvaluateText(text, Symbol::NoName(), workspace_.unheard);
+}
+
+s_refptr<Symbol> State::ParseSymbol(const s_str& name, s_str expression, s_str& error,
+                                    s_bool allow_new_symbol) {
+  return EvaluateText(expression.GetView(), name, error, allow_new_symbol ? true : false);
+}
+
+}  // namespace Quarn

@@ -1,0 +1,48 @@
+// Every text that the interpreter reports, one function each, and the rule by which they are
+// collected. Errors in what a user types are never exceptions: an operation that fails returns an
+// empty value and adds its message to the caller's error text.
+#pragma once
+
+#include <string_view>
+
+#include "utils/s_ctnr.h"
+#include "utils/s_str.h"
+
+namespace Quarn {
+
+// Adds a message on a line of its own: a newline comes before it when the text holds something.
+void AddError(s_str& error, const s_str& message);
+
+namespace messages {
+
+// Brackets; `bracket` is one of ( < [ and ) > ].
+s_str TooManyClosing(char bracket);
+s_str Unterminated(char bracket);
+
+// Expressions.
+s_str EmptySymbol();
+s_str AmbiguousConstructor(std::string_view text, const s_ctnr<s_str>& types);
+s_str NoOperatorFound(std::string_view expression);
+s_str MissingOperands(std::string_view op);
+s_str UnknownSymbol(std::string_view name);
+s_str UndefinedFunction(std::string_view name);
+s_str NoMatchingFunction(const s_str& name, const s_str& signature, const s_ctnr<s_str>& overloads);
+s_str NotOneReturnValue();
+s_str EmptyIndex();
+s_str IndexOnNothing();
+s_str NestedTooDeeply();
+s_str SymbolAssignedToSymbol();  // a warning
+
+// Operators without an implementation for their operands: the types, then the operands' texts.
+s_str NoBinaryMatch(std::string_view op, const s_str& left_type, const s_str& right_type,
+                    const s_str& left, const s_str& right);
+s_str NoRightUnaryMatch(std::string_view op, const s_str& type, const s_str& operand);
+s_str NoLeftUnaryMatch(std::string_view op, const s_str& type, const s_str& operand);
+
+// Command lines.
+s_str LastResultNotAssignable();
+s_str OnlyAlphanumericNames(std::string_view name);
+s_str UnknownType(std::string_view type);
+
+}  // namespace messages
+}  // namespace Quarn

@@ -1,0 +1,87 @@
+// What a type hands to the interpreter: the shapes of its callables, and the rows in which they
+// come. No code. A type fills rows and passes them to the Add operations of State; see types/ for
+// models.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string_view>
+
+#include "interpreter/symbol.h"
+#include "utils/s_ctnr.h"
+
+namespace Quarn {
+
+class Piece;
+class State;
+
+using Values = s_ctnr<s_refptr<Symbol>>;
+
+// A new value of the type that bears the name and is not initialised.
+using Creator = s_refptr<Symbol> (*)(const s_str& name);
+
+// Is this text, without blanks around it, a literal of the type?
+using LiteralTest = s_bool (*)(const s_str& text);
+// Builds the value of a literal; a failure gives null and adds its message to the error text.
+using TextConstructor = s_refptr<Symbol> (*)(State&, const s_str& name, const s_str& text,
+                                             s_str& error);
+
+// The same two for a literal that still stands in its line; a type that has them is spared the copy
+// of the text, and a literal that holds expressions its second search for brackets. They must agree
+// with the two above.
+using LiteralTestInPlace = bool (*)(std::string_view text);
+using PieceConstructor = s_refptr<Symbol> (*)(State&, const s_str& name, const Piece& piece,
+                                              s_str& error);
+
+// Operators get resolved operands of exactly the types of their row, and return a new unnamed
+// value; null, with a message added to the error text, is a failure.
+using UnaryOperator = std::function<s_refptr<Symbol>(s_refptr<Symbol> operand, s_str& error)>;
+using BinaryOperator =
+    std::function<s_refptr<Symbol>(s_refptr<Symbol> left, s_refptr<Symbol> right, s_str& error)>;
+
+// Functions append their results and return true, or return false with a message added.
+using Function =
+    std::function<s_bool(State&, const Values& arguments, Values& results, s_str& error)>;
+
+struct TypeRow {
+  s_str name;  // as GetType returns it
+  Creator create;
+  LiteralTest is_literal = nullptr;  // null: the type has no literals
+  TextConstructor create_from = nullptr;
+  LiteralTestInPlace is_literal_in_place = nullptr;  // null: the text is copied
+  PieceConstructor create_from_piece = nullptr;
+};
+
+struct UnaryRow {
+  s_str op;
+  s_str operand;  // type
+  UnaryOperator body;
+};
+
+struct BinaryRow {
+  s_str left;  // type
+  s_str op;
+  s_str right;  // type
+  BinaryOperator body;
+};
+
+struct FunctionRow {
+  s_str name;
+  s_ctnr<s_str> arguments;  // types; {""} for a call with empty parentheses
+  Function body;
+};
+
+// The order of registries: by text, asked with a text of any kind.
+struct TextLess {
+  using is_transparent = void;
+  static std::string_view View(const s_str& text) { return text.GetView(); }
+  static std::string_view View(std::string_view text) { return text; }
+  template <class A, class B>
+  bool operator()(const A& a, const B& b) const {
+    return View(a) < View(b);
+  }
+};
+template <class T>
+using Registry = std::map<s_str, T, TextLess>;
+
+}  // namespace Quarn

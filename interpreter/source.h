@@ -1,0 +1,118 @@
+// The text of an expression as the evaluator sees it: matched once, then only looked at.
+//
+// A bracket of one kind hides the other kinds: inside "(" only "(" and ")" count until the
+// parenthesis is closed. So which character closes an opening bracket depends on the characters of
+// its own kind behind it and on nothing before it: it can be found for every opening bracket of a
+// text in one pass, one stack per kind, and holds for every stretch of that text that reaches to
+// the closing one. A Source makes this index; a Piece is a stretch that is looked at on its own,
+// and steps over its inner brackets by the index, so that nesting costs what the text weighs.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "utils/s_str.h"
+
+namespace Quarn {
+
+struct Bracket {
+  static constexpr std::uint32_t kOpenEnd = 0xFFFFFFFF;
+
+  std::uint32_t open;
+  std::uint32_t close;  // kOpenEnd: never closed
+  std::uint32_t
+      next;  // the first opening bracket behind the closing one, by its place in the index
+};
+
+// Lends the room for the indexes of texts that are evaluated inside one another; see Source.
+using BracketRoom = std::vector<Bracket>;
+
+// What a character is to the scanner.
+enum class CharacterClass : std::uint8_t { kOther, kBlank, kComma, kOperator, kOpen, kClose };
+
+class Source {
+ public:
+  // The text must outlive the source, and sources that share a room must go in reverse order of
+  // their coming.
+  Source(std::string_view text, BracketRoom& room);
+  ~Source() { room_.resize(base_); }
+  Source(const Source&) = delete;
+  Source& operator=(const Source&) = delete;
+
+  std::string_view GetText() const { return text_; }
+  // Does the text hold no bracket at all?
+  bool IsPlain() const { return plain_; }
+  const Bracket& GetBracket(std::uint32_t index) const { return room_[base_ + index]; }
+  std::uint32_t CountBrackets() const { return count_; }
+
+ private:
+  void Match();
+
+  std::string_view text_;
+  BracketRoom& room_;
+  std::size_t base_;
+  std::uint32_t count_ = 0;  // how many brackets open in the text
+  bool plain_ = true;
+};
+
+// A stretch of a source: positions in its text, and the first bracket that opens at or behind its
+// begin. Cheap to copy; valid as long as the source.
+class Piece {
+ public:
+  Piece() = default;  // of nothing; only good for being assigned to
+  explicit Piece(const Source& source)
+      : source_(&source), end_(static_cast<std::uint32_t>(source.GetText().size())) {}
+
+  std::string_view GetText() const { return source_->GetText().substr(begin_, end_ - begin_); }
+  std::uint32_t GetBegin() const { return begin_; }
+  std::uint32_t GetEnd() const { return end_; }
+  bool IsEmpty() const { return begin_ == end_; }
+  bool operator==(const Piece& other) const = default;
+
+  // Without leading and trailing spaces. Tabs stay.
+  Piece Trimmed() const;
+  // Without its first and last character. REQUIRES: the first is an opening bracket.
+  Piece Inside() const;
+  // The part before / behind a position of the text that lies inside the piece.
+  Piece Before(std::uint32_t position) const;
+  Piece Behind(std::uint32_t position) const;
+
+  // Are the brackets balanced at the top level of this piece? If not, adds the one message.
+  bool CheckBrackets(s_str& error) const;
+
+  // Cuts off and returns what stands before the next character of the class at top level, and
+  // leaves the rest beginning with that character, or empty when there is none.
+  // REQUIRES: CheckBrackets.
+  Piece CutBefore(CharacterClass stop);
+  // Drops the first character. REQUIRES: not empty, and it opens no bracket.
+  void DropFirst() { ++begin_; }
+
+  // The position that closes the bracket which opens at `open`; Bracket::kOpenEnd when that lies
+  // outside of the piece.
+  std::uint32_t FindClose(std::uint32_t open) const;
+
+ private:
+  std::uint32_t SkipBracketsBefore(std::uint32_t position) const;
+
+  const Source* source_ = nullptr;
+  std::uint32_t begin_ = 0;
+  std::uint32_t end_ = 0;
+  std::uint32_t bracket_ = 0;
+};
+
+// The parts of a list between commas, one after the other; empty ones are left out, blank ones not.
+//   Parts parts(inside);
+//   for (Piece part; parts.Next(part);) ...
+class Parts {
+ public:
+  Parts() = default;
+  // REQUIRES: list.CheckBrackets.
+  explicit Parts(const Piece& list) : rest_(list) {}
+  bool Next(Piece& part);
+
+ private:
+  Piece rest_;
+};
+
+}  // namespace Quarn

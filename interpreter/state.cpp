@@ -1,0 +1,64 @@
+#include "interpreter/state.h"
+
+#include <iostream>
+
+#include "interpreter/builtins.h"
+
+namespace Quarn {
+namespace {
+
+s_refptr<Symbol> CreateSymbol(const s_str& name) { return s_refptr<Symbol>(new Symbol(name)); }
+
+}  // namespace
+
+State::State() : State(std::cout, std::cin) {}
+
+State::State(std::ostream& out, std::istream& in) : out_(out), in_(in) {
+  AddType({Symbol::kType, CreateSymbol});
+  RegisterBuiltins(*this);
+  SetLastResult({});
+}
+
+void State::SetLastResult(s_refptr<Symbol> value) {
+  if (!value) value = NewReference(*this, Symbol::NoName(), "");
+  symbols_.Set("_", std::move(value));
+}
+
+void State::Flush() { out_.flush(); }
+
+void State::AddType(const TypeRow& row) {
+  types_.insert_or_assign(row.name, row);
+  literals_.clear();
+  for (const auto& [name, type] : types_) {
+    if (type.is_literal || type.is_literal_in_place) literals_.push_back(&type);
+  }
+}
+
+void State::AddBinary(std::initializer_list<BinaryRow> rows) {
+  for (const BinaryRow& row : rows) binary_[row.op][row.left][row.right] = row.body;
+}
+
+void State::AddUnary(UnaryRegistry& registry, std::initializer_list<UnaryRow> rows) {
+  for (const UnaryRow& row : rows) registry[row.op][row.operand] = row.body;
+}
+
+void State::AddRightUnary(std::initializer_list<UnaryRow> rows) { AddUnary(right_unary_, rows); }
+
+void State::AddLeftUnary(std::initializer_list<UnaryRow> rows) { AddUnary(left_unary_, rows); }
+
+void State::AddFunctions(std::initializer_list<FunctionRow> rows) {
+  for (const FunctionRow& row : rows) AddFunction(row.name, row.arguments, row.body);
+}
+
+void State::AddFunction(const s_str& name, const s_ctnr<s_str>& argument_types, Function body) {
+  s_str signature = "(";
+  std::string_view separator = "";
+  for (const s_str& type : argument_types) {
+    signature.Append(separator).Append(type.GetView());
+    separator = ", ";
+  }
+  signature += ')';
+  functions_[name][signature] = std::move(body);
+}
+
+}  // namespace Quarn

@@ -1,0 +1,180 @@
+// State is the whole interpreter: it owns every value that the user defines and the registries
+// through which types make themselves known. No type is wired in but Reference and Scalar, which
+// every State registers for itself; others are registered after construction, as Vector is by the
+// program.
+//   State state(out, in);
+//   Vector::Register(state);
+//   state.ProcessLine("v=<1, 2>;v+v");
+// It writes to one stream and asks questions of another. A State is for one thread; several States
+// on several threads do not disturb each other, but for the C library's one `rand`.
+#pragma once
+
+#include <initializer_list>
+#include <iosfwd>
+#include <vector>
+
+#include "interpreter/depth.h"
+#include "interpreter/dispatch.h"
+#include "interpreter/registry.h"
+#include "interpreter/symbol_table.h"
+#include "interpreter/workspace.h"
+
+namespace Quarn {
+
+class State {
+ public:
+  State();  // standard output and standard input
+  State(std::ostream& out, std::istream& in);
+  State(const State&) = delete;
+  State& operator=(const State&) = delete;
+
+  // ---- Lines ----
+
+  // Carries out the commands of a line, which ";" separates, and prints what they have to say. A
+  // command that fails prints its error and changes nothing; the next one is taken all the same.
+  // What is printed may stay in the stream's buffer.
+  void ProcessLine(const s_str& line);
+  // Writes out what was printed so far: for work that may never come back.
+  void Flush();
+  void PrintHelp();
+
+  // ---- Expressions ----
+
+  // The value of an expression, bearing `name`; null, with at least one message added to `error`,
+  // when it has none. A name that is not defined becomes a new abstract symbol when
+  // `allow_new_symbol` and `name` is empty. A non-null value may come with a warning in `error`.
+  s_refptr<Symbol> ParseSymbol(const s_str& name, s_str expression, s_str& error,
+                               s_bool allow_new_symbol);
+  // The same for a piece of a text that is being evaluated already, as a PieceConstructor gets it.
+  s_refptr<Symbol> Evaluate(const Piece& piece, const s_str& name, s_str& error,
+                            bool allow_new_symbol = false);
+  // The same for a text in place, which must stay until the call returns.
+  s_refptr<Symbol> EvaluateText(std::string_view text, const s_str& name, s_str& error,
+                                bool allow_new_symbol = false);
+
+  // The same, unnamed, where nobody hears of a failure.
+  s_refptr<Symbol> EvaluateSilently(std::string_view text);
+
+  // Does a separator stand at `position` of the expression? If so, its text goes to `separator`.
+  using SeparatorTest = std::function<s_bool(s_str::const_iterator position,
+                                             const s_str& expression, s_str& separator)>;
+
+  // Checks that the brackets of an expression are balanced and cuts it at each separator outside of
+  // all brackets; separators become pieces of their own when they are kept. Empty pieces are left
+  // out. False with one message added when the brackets are not balanced; then the pieces mean
+  // nothing.
+  s_bool CheckBrackets(s_ctnr<s_str>& pieces, const s_str& expression, SeparatorTest is_separator,
+                       s_str& error, s_bool keep_separators) const;
+  // The separator test that finds the operators of the language.
+  s_bool IsOperatorAt(s_str::const_iterator position, const s_str& expression, s_str& op) const;
+
+  // Applies an operator to values: resolves references, finds the implementation by the types, and
+  // calls it. A binary operator on a reference that has no value yet gives a reference to the whole
+  // operation. Null with a message added when there is no implementation, or when it failed.
+  s_refptr<Symbol> ApplyBinaryOperator(std::string_view op, s_refptr<Symbol> left,
+                                       s_refptr<Symbol> right, s_str& error);
+  s_refptr<Symbol> ApplyRightUnaryOperator(std::string_view op, s_refptr<Symbol> operand,
+                                           s_str& error);
+  s_refptr<Symbol> ApplyLeftUnaryOperator(std::string_view op, s_refptr<Symbol> operand,
+                                          s_str& error);
+
+  // May a symbol bear this name? Letters and digits only, of ASCII whatever the locale; the empty
+  // name may. Adds a message if not.
+  static s_bool CheckName(std::string_view name, s_str& error);
+
+  // ---- Registration: an entry for the same key takes the place of an earlier one ----
+
+  void AddType(const TypeRow& row);
+  void AddBinary(std::initializer_list<BinaryRow> rows);
+  // Written before their operand: -a.
+  void AddRightUnary(std::initializer_list<UnaryRow> rows);
+  // Written behind their operand: a!.
+  void AddLeftUnary(std::initializer_list<UnaryRow> rows);
+  void AddFunctions(std::initializer_list<FunctionRow> rows);
+  // One name may carry several lists of argument types.
+  void AddFunction(const s_str& name, const s_ctnr<s_str>& argument_types, Function body);
+
+  // ---- What it holds ----
+
+  using UnaryRegistry = Registry<Registry<UnaryOperator>>;
+  using BinaryRegistry = Registry<Registry<Registry<BinaryOperator>>>;
+  using FunctionRegistry = Registry<Registry<Function>>;
+
+  const SymbolTable& GetSymbols() const { return symbols_; }
+  const Registry<TypeRow>& GetTypes() const { return types_; }
+  const BinaryRegistry& GetBinaryOperators() const { return binary_; }
+  const UnaryRegistry& GetLeftUnaryOperators() const { return left_unary_; }
+  const UnaryRegistry& GetRightUnaryOperators() const { return right_unary_; }
+  // By name, then by signature: "(Scalar, Scalar)".
+  const FunctionRegistry& GetFunctions() const { return functions_; }
+
+  // Gives "_" a value; null makes it a null reference.
+  void SetLastResult(s_refptr<Symbol> value);
+
+  // The levels of evaluation inside evaluation; see depth.h.
+  Depth& GetDepth() { return depth_; }
+
+ private:
+  friend class Evaluation;
+
+  static bool IsName(std::string_view text);
+  static void AddUnary(UnaryRegistry& registry, std::initializer_list<UnaryRow> rows);
+
+  // The kinds of leaf; each gives null with a message when it fails.
+  s_refptr<Symbol> EvaluateLeaf(const Piece& leaf, const s_str& name, s_str& error,
+                                bool allow_new_symbol);
+  const TypeRow* FindLiteralType(std::string_view text, bool& ambiguous) const;
+  s_refptr<Symbol> FailAsAmbiguous(std::string_view text, s_str& error) const;
+  s_refptr<Symbol> CopySymbol(const Symbol& symbol, const s_str& name, s_str& error);
+  s_refptr<Symbol> Call(const Piece& leaf, std::uint32_t open, s_str& error);
+  s_refptr<Symbol> CallOverload(const s_str& name, const Registry<Function>& overloads,
+                                CallLists& lists, s_str& error);
+  s_refptr<Symbol> Index(const Piece& leaf, std::uint32_t open, std::uint32_t close,
+                         const s_str& name, s_str& error);
+
+  s_refptr<Symbol> EvaluateOutermost(std::string_view text, const s_str& name, s_str& error,
+                                     bool allow_new_symbol);
+
+  // By the operator's place in kPriorities. May use up the operands.
+  s_refptr<Symbol> ApplyBinary(std::size_t op, s_refptr<Symbol>& left, s_refptr<Symbol>& right,
+                               s_str& error);
+  const UnaryOperator* SearchUnary(const UnaryRegistry& registry, std::string_view op,
+                                   s_refptr<Symbol>& operand) const;
+  void Remember(std::string_view op, const Symbol& left, const Symbol& right,
+                const BinaryOperator& body);
+  s_refptr<Symbol> SearchBinary(std::string_view op, const s_refptr<Symbol>& left,
+                                const s_refptr<Symbol>& right, s_str& error);
+  s_refptr<Symbol> Defer(std::string_view op, const Symbol& left, const Symbol& right);
+
+  void ProcessCommand(std::string_view command);
+  void DefineReference(std::string_view name, std::string_view expression);
+  void Assign(std::string_view name, std::string_view expression);
+  void Declare(std::string_view name, std::string_view type);
+  void Delete(std::string_view name);
+  void DeleteAll();
+  void Query(std::string_view name);
+  void PrintExpression(std::string_view expression);
+
+  void Store(const s_str& name, const s_refptr<Symbol>& value);
+  bool PassesNameCheck(std::string_view name);
+  void PrintMessage(s_str message);
+  void PrintValue(std::string_view before, std::string_view type, const Symbol& value);
+
+  SymbolTable symbols_;
+  Registry<TypeRow> types_;
+  BinaryRegistry binary_;
+  UnaryRegistry left_unary_;
+  UnaryRegistry right_unary_;
+  FunctionRegistry functions_;
+
+  std::vector<const TypeRow*> literals_;  // the types that have literals, in ascending order
+  Dispatch<BinaryOperator> binary_dispatch_;
+  Workspace workspace_;
+  Depth depth_;
+  s_str line_;  // room for the line of output that is being composed
+
+  std::ostream& out_;
+  std::istream& in_;
+};
+
+}  // namespace Quarn

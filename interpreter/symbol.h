@@ -1,0 +1,64 @@
+// Symbol is the base of every value, and a type of its own: the abstract "Symbol", a name without a
+// value. Values are held through s_refptr<Symbol> and shared; only Clone copies one. A temporary
+// value has an empty name.
+//   s_refptr<Symbol> ab(new Symbol("ab"));  // displays as "ab"
+// A type derives from Symbol and overrides ToString, GetType and Clone; the rest has defaults.
+#pragma once
+
+#include <cstddef>
+
+#include "utils/s_refptr.h"
+#include "utils/s_str.h"
+
+namespace Quarn {
+
+class Symbol {
+ public:
+  static constexpr char kType[] = "Symbol";
+
+  // The value text is the name, and stays it when the name is changed.
+  explicit Symbol(const s_str& name) : name_(name), value_text_(name) {}
+  virtual ~Symbol() = default;
+  Symbol& operator=(const Symbol&) = delete;
+
+  // The value as a user sees it; a value with a name usually begins with "name = ".
+  virtual s_str ToString() const { return value_text_; }
+  // The type under which operators and functions are looked up. It may cost an evaluation.
+  virtual s_str GetType() const { return kType; }
+  // The type as declared: that of a reference is always "Reference".
+  virtual s_str GetDeclaredType() const { return GetType(); }
+  // The type as shown in messages about mixed elements: "3-Vector".
+  virtual s_str GetFullType() const { return GetType(); }
+  // The name of temporaries.
+  static const s_str& NoName() {
+    static const s_str no_name;
+    return no_name;
+  }
+
+  // A new object of the same class with the same name and payload.
+  virtual s_refptr<Symbol> Clone() const { return s_refptr<Symbol>(new Symbol(*this)); }
+
+  // Appends what ToString returns. A type with long texts overrides it to save the copy.
+  virtual void AppendTo(s_str& text) const { text += ToString(); }
+  // For a class whose GetType and GetDeclaredType are one and the same text for every object: that
+  // text, always at the same address, so that look-ups compare addresses. Null: ask GetType.
+  virtual const char* GetFixedType() const { return nullptr; }
+
+  const s_str& GetName() const { return name_; }
+  void SetName(const s_str& name) { name_ = name; }
+  const s_str& GetValueText() const { return value_text_; }
+
+  // Values come from the pool, whatever their class.
+  static void* operator new(std::size_t size) { return Pool::Allocate(size); }
+  static void operator delete(void* block, std::size_t size) noexcept { Pool::Free(block, size); }
+
+ protected:
+  Symbol() = default;  // a temporary
+  Symbol(const Symbol&) = default;
+
+ private:
+  s_str name_;
+  s_str value_text_;
+};
+
+}  // namespace Quarn

@@ -1,0 +1,34 @@
+// Scalar is a real number in double precision. It divides by zero and overflows as IEEE numbers do,
+// without an error: inf+, inf- and nan are values like others.
+//   s_refptr<Symbol> half(new Scalar("x", 0.5));  // shows as "x = 0.5"
+#pragma once
+
+#include "interpreter/symbol.h"
+#include "utils/s_double.h"
+
+namespace Quarn {
+
+class State;
+
+class Scalar final : public Symbol {
+ public:
+  static constexpr char kType[] = "Scalar";
+  static void Register(State& state);
+
+  explicit Scalar(const s_str& name) : Symbol(name), value_(s_double::NaN()) {}
+  Scalar(const s_str& name, s_double value) : Symbol(name), value_(value) {}
+  explicit Scalar(s_double value) : value_(value) {}  // a temporary
+
+  s_double GetValue() const { return value_; }
+
+  s_str ToString() const override;
+  s_str GetType() const override { return kType; }
+  s_refptr<Symbol> Clone() const override { return s_refptr<Symbol>(new Scalar(*this)); }
+  void AppendTo(s_str& text) const override;
+  const char* GetFixedType() const override { return kType; }
+
+ private:
+  s_double value_;
+};
+
+}  // namespace Quarn

@@ -1,0 +1,95 @@
+#include "types/vector.h"
+
+#include <new>
+#include <vector>
+
+#include "interpreter/state.h"
+#include "types/lift.h"
+#include "types/vector_math.h"
+#include "utils/s_str_convert.h"
+
+namespace Quarn {
+namespace {
+
+s_refptr<Symbol> Create(const s_str& name) { return s_refptr<Symbol>(new Vector(name)); }
+
+bool IsLiteralInPlace(std::string_view text) {
+  return text.starts_with('<') && text.ends_with('>');
+}
+
+s_bool IsLiteral(const s_str& text) { return IsLiteralInPlace(text.GetView()); }
+
+bool IsVector(const Symbol& value) { return value.GetFixedType() == Vector::kType; }
+
+}  // namespace
+
+void Vector::Register(State& state) {
+  state.AddType({kType, Create, IsLiteral, CreateFrom, IsLiteralInPlace, CreateFromPiece});
+  state.AddBinary({
+      {Scalar::kType, "*",  kType,         On(state, ScaleFromLeft)   },
+      {kType,         "*",  Scalar::kType, On(state, ScaleFromRight)  },
+      {kType,         "+",  kType,         On(state, AddElements)     },
+      {kType,         "-",  kType,         On(state, SubtractElements)},
+      {kType,         "^",  kType,         On(state, CrossProduct)    },
+      {kType,         "[]", Scalar::kType, On(state, SelectElement)   },
+  });
+  state.AddRightUnary({
+      {"+",    kType,    Copy           }, // keeps the operand's name
+      { "-", kType, On(state, NegateElements)},
+  });
+}
+
+// Vectors in vectors may be nested deeper than any expression that made them, one line at a time.
+// So neither printing nor letting go of them recurses.
+Vector::~Vector() {
+  try {
+    std::vector<s_refptr<Values>> orphans;
+    orphans.push_back(std::move(elements_));
+    while (!orphans.empty()) {
+      const s_refptr<Values> elements = std::move(orphans.back());
+      orphans.pop_back();
+      if (elements.GetCount() != 1) continue;
+      for (const s_refptr<Symbol>& element : *elements) {
+        if (element.GetCount() != 1 || !IsVector(*element)) continue;
+        orphans.push_back(std::move(static_cast<Vector&>(*element).elements_));
+      }
+    }
+  } catch (const std::bad_alloc&) {
+    // The rest goes by recursion.
+  }
+}
+
+void Vector::AppendTo(s_str& text) const {
+  struct Level {
+    const Values* elements;
+    unsigned int next;
+  };
+  std::vector<Level> levels;
+  const auto open = [&](const Vector& vector) {
+    if (!vector.GetName().IsEmpty()) text.Append(vector.GetName().GetView()).Append(" = ");
+    text += '<';
+    levels.push_back({&vector.GetElements(), 0});
+  };
+  open(*this);
+  while (!levels.empty()) {
+    Level& level = levels.back();
+    if (level.next == level.elements->GetSize().Get()) {
+      text += '>';
+      levels.pop_back();
+      continue;
+    }
+    if (level.next > 0) text.Append(", ");
+    const Symbol& element = *(*level.elements)[level.next++];
+    IsVector(element) ? open(static_cast<const Vector&>(element)) : element.AppendTo(text);
+  }
+}
+
+s_str Vector::ToString() const {
+  s_str text;
+  AppendTo(text);
+  return text;
+}
+
+s_str Vector::GetFullType() const { return ToText(GetSize()) + "-" + kType; }
+
+}  // namespace Quarn

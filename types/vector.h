@@ -1,0 +1,48 @@
+// Vector is a sequence of fixed length whose elements are all of one type, "<1, 2, 3>". Its
+// arithmetic goes element by element through the State's operators, so that the element type
+// decides what it means. Nothing ever changes the elements: copies of a vector share them, and cost
+// the same whatever its length.
+//   Vector::Register(state);
+//   state.ProcessLine("v=<1, 2>;2*v");  // <2, 4>
+#pragma once
+
+#include "interpreter/registry.h"
+
+namespace Quarn {
+
+class Vector final : public Symbol {
+ public:
+  static constexpr char kType[] = "Vector";
+  static void Register(State& state);
+
+  // The vector of a literal between "<" and ">"; null, with a message added, when an element fails
+  // or the elements are of different types. Elements that are references count with the type of
+  // their value, but only beside one that is not a reference.
+  static s_refptr<Symbol> CreateFrom(State& state, const s_str& name, const s_str& text,
+                                     s_str& error);
+  static s_refptr<Symbol> CreateFromPiece(State& state, const s_str& name, const Piece& literal,
+                                          s_str& error);
+
+  explicit Vector(const s_str& name) : Vector(name, s_refptr<Values>(new Values)) {}  // no elements
+  // REQUIRES: elements, and nobody changes them any more.
+  Vector(const s_str& name, s_refptr<Values> elements)
+      : Symbol(name), elements_(std::move(elements)) {}
+  ~Vector() override;
+
+  const Values& GetElements() const { return *elements_; }
+  s_uint GetSize() const { return elements_->GetSize(); }
+
+  s_str ToString() const override;
+  s_str GetType() const override { return kType; }
+  s_str GetFullType() const override;  // "3-Vector"
+  s_refptr<Symbol> Clone() const override { return s_refptr<Symbol>(new Vector(*this)); }
+  void AppendTo(s_str& text) const override;
+  const char* GetFixedType() const override { return kType; }
+
+ private:
+  Vector(const Vector&) = default;
+
+  s_refptr<Values> elements_;
+};
+
+}  // namespace Quarn
