@@ -6,6 +6,7 @@
 #include <ctime>
 
 #include "utils/s_str_convert.h"
+#include "utils/utils_manager.h"
 
 namespace Quarn {
 namespace {
@@ -48,6 +49,7 @@ void TimeManager::Destroy() {
 void TimeManager::Initialise() {
   period_timer_ = s_refptr<Timer>(new Timer);
   start_ = last_ = current_ = GetTime();
+  profiled_ = 0.0;
   step_ = kFirstStep;
   rate_ = 0U;
   periods_ = 0U;
@@ -89,6 +91,23 @@ s_double TimeManager::GetPlayTime() const {
 }
 
 s_str TimeManager::GetPlayTimeText() const { return FormatPlayTime(GetPlayTime()); }
+
+void TimeManager::SetProfiling(s_bool on) {
+  if (on) {
+    profiling_start_ = GetTime();
+  } else {
+    profiled_ = GetTime() - profiling_start_;
+  }
+  profiling_ = on;
+}
+
+Profiler& TimeManager::GetProfiler(const s_str& group, const s_str& name) {
+  return groups_[group].GetProfiler(name);
+}
+
+void TimeManager::PrintReport() const {
+  for (const s_str& line : MakeReport(profiled_, groups_)) UtilsManager::Get().Print(line);
+}
 
 s_uint TimeManager::GetYear() const { return CalendarField(&std::tm::tm_year, 1900); }
 s_uint TimeManager::GetMonth() const { return CalendarField(&std::tm::tm_mon, 1); }

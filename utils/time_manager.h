@@ -1,12 +1,14 @@
 // TimeManager is the system's notion of time: the clock, the step and the rates of a loop that
-// calls Update once a round, and the calendar. The clock comes from outside: a function that
-// returns seconds; without one it is always 0.
+// calls Update once a round, the calendar, and the profilers. The clock comes from outside: a
+// function that returns seconds; without one it is always 0.
 //   TimeManager::Get().SetClock(&ProcessorSeconds);
 //   TimeManager::Get().Initialise();
 //   while (running) { TimeManager::Get().Update(); ... }
-// The instance is made by the first Get and lives until Destroy. For one thread only.
+// The instance is made by the first Get and lives until Destroy; it owns the profilers, and every
+// reference to one ends with it. For one thread only.
 #pragma once
 
+#include "utils/profiler.h"
 #include "utils/s_bool.h"
 #include "utils/s_double.h"
 #include "utils/s_int.h"
@@ -56,6 +58,19 @@ class TimeManager {
   // The same as "[hours:minutes:seconds]".
   s_str GetPlayTimeText() const;
 
+  // Switching on begins the profiled time, switching off ends it, also when it is switched so
+  // already.
+  void SetProfiling(s_bool on);
+  s_bool IsProfiling() const { return profiling_; }
+  // The seconds between the last switching on and the last switching off; 0 before.
+  s_double GetProfiledTime() const { return profiled_; }
+  // The profiler of that name in that group; both are made on first use.
+  Profiler& GetProfiler(const s_str& group, const s_str& name);
+  // Groups in the order of their names.
+  const ProfilerGroups& GetProfilerGroups() const { return groups_; }
+  // Prints what was profiled line by line through the UtilsManager.
+  void PrintReport() const;
+
   // The local date and time of the computer.
   s_uint GetYear() const;
   s_uint GetMonth() const;       // January is 1
@@ -83,6 +98,7 @@ class TimeManager {
 
   ClockFunction clock_ = nullptr;
   s_refptr<Timer> period_timer_;  // null until Initialise
+  s_bool profiling_ = false;
   s_uint rate_;
   s_double step_ = kFirstStep;
   s_uint periods_;
@@ -90,6 +106,8 @@ class TimeManager {
   s_uint highest_rate_;
   s_uint lowest_rate_ = s_uint::INF;
   s_double start_, last_, current_;
+  s_double profiling_start_, profiled_;
+  ProfilerGroups groups_;
 
   // Of the running period; only its end sets them back.
   s_uint updates_;

@@ -1,4 +1,5 @@
-// Tests of TimeManager: clock, steps, rates and play time, in a time that is moved by hand.
+// Tests of TimeManager: clock, steps and rates, play time and profiling, in a time that is moved by
+// hand.
 #include "utils/time_manager.h"
 
 #include <string>
@@ -6,6 +7,7 @@
 
 #include "tests/support/dump.h"
 #include "tests/support/hand_clock.h"
+#include "tests/support/printed_lines.h"
 
 namespace Quarn {
 namespace {
@@ -44,6 +46,8 @@ TEST_F(TimeManagerTest, IsOneAndAPlainClass) {
 TEST_F(TimeManagerTest, StartsWithAStepAndWithoutRates) {
   EXPECT_EQ(TimeManager::Get().GetStep().Get(), 0.017);
   EXPECT_EQ(Rates(), kNoRates);
+  EXPECT_FALSE(TimeManager::Get().IsProfiling());
+  EXPECT_EQ(TimeManager::Get().GetProfiledTime().Get(), 0.0);
   EXPECT_EQ(TimeManager::Get().GetPlayTime().Get(), 0.0);
 }
 
@@ -51,11 +55,15 @@ TEST_F(TimeManagerTest, DestroyMakesTheNextOneFresh) {
   TimeManager::Get().Initialise();
   Step(1.5);
   Step(0.25);
+  TimeManager::Get().SetProfiling(true);
+  TimeManager::Get().GetProfiler("g", "p");
   TimeManager::Destroy();
   TimeManager::Destroy();                              // nothing to destroy
   EXPECT_EQ(TimeManager::Get().GetTime().Get(), 0.0);  // the clock is gone
   EXPECT_EQ(TimeManager::Get().GetStep().Get(), 0.017);
   EXPECT_EQ(Rates(), kNoRates);
+  EXPECT_FALSE(TimeManager::Get().IsProfiling());
+  EXPECT_TRUE(TimeManager::Get().GetProfilerGroups().empty());
 
   TimeManager::Get().SetClock(&HandClock::Read);
   TimeManager::Get().Initialise();
@@ -155,10 +163,13 @@ TEST_F(TimeManagerTest, InitialiseBeginsAnewButCountsTheUpdatesOfTheRunningPerio
   Step(1.25);
   EXPECT_EQ(Rates(), "1 1 1 1");
   Step(1.0 / 64);
+  TimeManager::Get().SetProfiling(true);
   HandClock::now += 1;
+  TimeManager::Get().SetProfiling(false);
   TimeManager::Get().Initialise();
   EXPECT_EQ(Rates(), kNoRates);
   EXPECT_EQ(TimeManager::Get().GetStep().Get(), 0.017);
+  EXPECT_EQ(TimeManager::Get().GetProfiledTime().Get(), 0.0);
   EXPECT_EQ(TimeManager::Get().GetPlayTime().Get(), 0.0);
   Step(1.25);
   EXPECT_EQ(Rates(), "32 32 32 32");  // (64 + 1) / 2
@@ -194,6 +205,71 @@ TEST(FormatPlayTime, GivesHoursMinutesAndSeconds) {
   };
   for (const auto& row : kRows) EXPECT_EQ(FormatPlayTime(row.seconds).Get(), row.text);
   EXPECT_EQ(FormatPlayTime(s_double::NaN()).Get(), "[nan:nan:nan]");
+}
+
+TEST_F(TimeManagerTest, ProfiledTimeLiesBetweenSwitchingOnAndOff) {
+  TimeManager& manager = TimeManager::Get();
+  HandClock::now = 10;
+  manager.SetProfiling(true);
+  EXPECT_TRUE(manager.IsProfiling());
+  HandClock::now = 12.5;
+  EXPECT_EQ(manager.GetProfiledTime().Get(), 0.0);
+  manager.SetProfiling(false);
+  EXPECT_FALSE(manager.IsProfiling());
+  EXPECT_EQ(manager.GetProfiledTime().Get(), 2.5);
+
+  HandClock::now = 20;
+  manager.SetProfiling(true);
+  EXPECT_EQ(manager.GetProfiledTime().Get(), 2.5);  // the last one, until it is switched off again
+  HandClock::now = 21;
+  manager.SetProfiling(true);
+  HandClock::now = 24;
+  manager.SetProfiling(false);
+  EXPECT_EQ(manager.GetProfiledTime().Get(), 3.0);
+  HandClock::now = 25;
+  manager.SetProfiling(false);
+  EXPECT_EQ(manager.GetProfiledTime().Get(), 4.0);
+}
+
+TEST_F(TimeManagerTest, GroupsAndProfilersAreMadeOnFirstUse) {
+  TimeManager& manager = TimeManager::Get();
+  Profiler& first = manager.GetProfiler("b", "x");
+  Profiler& other = manager.GetProfiler("a", "x");
+  EXPECT_NE(&first, &other);
+  EXPECT_EQ(&manager.GetProfiler("b", "x"), &first);
+  std::string groups;
+  for (const auto& [name, group] : manager.GetProfilerGroups()) groups += name.Get() + "|";
+  EXPECT_EQ(groups, "a|b|");
+}
+
+TEST_F(TimeManagerTest, PrintsTheReportOfAScene) {
+  const PrintedLines printed;
+  TimeManager& manager = TimeManager::Get();
+  { const Chrono before(manager.GetProfiler("frame", "draw")); }
+  HandClock::now = 100;
+  manager.SetProfiling(true);
+  for (const double seconds : {0.0625, 0.125, 0.0625}) {
+    const Chrono chrono(manager.GetProfiler("frame", "draw"));
+    HandClock::now += seconds;
+  }
+  HandClock::now = 102;
+  manager.SetProfiling(false);
+  EXPECT_EQ(printed.Get(), "");
+  manager.PrintReport();
+  EXPECT_EQ(printed.Get(),
+            "# Profiling info : 2 s of profiling\n"
+            "# Profiling info for group [frame] : 0.25 s of profiling\n"
+            "  - draw :\n"
+            "     - call number     : 4 (1 not timed)\n"
+            "     - total time      : 0.2500 s (12.50% of total)\n"
+            "     - average time    : 83.33 ms\n"
+            "     - highest time    : 125.0 ms\n"
+            "     - lowest time     : 62.50 ms\n"
+            "     - listing records :\n"
+            "        [0] : 62.50 ms\n"
+            "        [1] : 125.0 ms\n"
+            "        [2] : 62.50 ms\n"
+            "# end.\n");
 }
 
 }  // namespace
