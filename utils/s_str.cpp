@@ -91,7 +91,7 @@ s_ctnr<s_str_t<T>> s_str_t<T>::Cut(const s_str_t& delimiter) const {
 template <class T>
 s_str_t<T> s_str_t<T>::Repeat(s_uint n) const {
   s_str_t repeated;
-  if (!n.IsValid()) return repeated;
+  if (!n.IsValid() || text_.empty()) return repeated;
   repeated.text_.reserve(text_.size() * n.Get());
   for (unsigned int i = 0; i < n.Get(); ++i) repeated.text_ += text_;
   return repeated;

@@ -10,6 +10,8 @@
 
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 
 #include "utils/s_bool.h"
 #include "utils/s_ctnr.h"
@@ -32,6 +34,8 @@ class s_str_t {
 
   const String& Get() const { return text_; }
   View GetView() const { return text_; }
+  // The text itself, with the room it has; what stays here is empty.
+  String Take() { return std::exchange(text_, String()); }
   const_iterator begin() const { return text_.begin(); }
   const_iterator end() const { return text_.end(); }
 

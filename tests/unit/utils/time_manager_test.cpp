@@ -1,0 +1,276 @@
+// Tests of TimeManager: clock, steps and rates, play time and profiling, in a time that is moved by
+// hand.
+#include "utils/time_manager.h"
+
+#include <string>
+#include <type_traits>
+
+#include "tests/support/dump.h"
+#include "tests/support/hand_clock.h"
+#include "tests/support/printed_lines.h"
+
+namespace Quarn {
+namespace {
+
+class TimeManagerTest : public HandClockTest {
+ protected:
+  // Lets so many seconds go by and calls Update.
+  static void Step(double seconds) {
+    HandClock::now += seconds;
+    TimeManager::Get().Update();
+  }
+};
+
+// "current average highest lowest"
+std::string Rates() {
+  const TimeManager& manager = TimeManager::Get();
+  return Dump(manager.GetRate()) + " " + Dump(manager.GetAverageRate()) + " " +
+         Dump(manager.GetHighestRate()) + " " + Dump(manager.GetLowestRate());
+}
+
+constexpr const char* kNoRates = "0 nan 0 inf";
+
+TEST_F(TimeManagerTest, TellsTheTimeOfItsClock) {
+  HandClock::now = 12.5;
+  EXPECT_EQ(TimeManager::Get().GetTime().Get(), 12.5);
+  TimeManager::Get().SetClock(nullptr);
+  EXPECT_EQ(TimeManager::Get().GetTime().Get(), 0.0);
+}
+
+TEST_F(TimeManagerTest, IsOneAndAPlainClass) {
+  EXPECT_EQ(&TimeManager::Get(), &TimeManager::Get());
+  static_assert(!std::is_polymorphic_v<TimeManager>);
+  static_assert(!std::is_copy_constructible_v<TimeManager>);
+}
+
+TEST_F(TimeManagerTest, StartsWithAStepAndWithoutRates) {
+  EXPECT_EQ(TimeManager::Get().GetStep().Get(), 0.017);
+  EXPECT_EQ(Rates(), kNoRates);
+  EXPECT_FALSE(TimeManager::Get().IsProfiling());
+  EXPECT_EQ(TimeManager::Get().GetProfiledTime().Get(), 0.0);
+  EXPECT_EQ(TimeManager::Get().GetPlayTime().Get(), 0.0);
+}
+
+TEST_F(TimeManagerTest, DestroyMakesTheNextOneFresh) {
+  TimeManager::Get().Initialise();
+  Step(1.5);
+  Step(0.25);
+  TimeManager::Get().SetProfiling(true);
+  TimeManager::Get().GetProfiler("g", "p");
+  TimeManager::Destroy();
+  TimeManager::Destroy();                              // nothing to destroy
+  EXPECT_EQ(TimeManager::Get().GetTime().Get(), 0.0);  // the clock is gone
+  EXPECT_EQ(TimeManager::Get().GetStep().Get(), 0.017);
+  EXPECT_EQ(Rates(), kNoRates);
+  EXPECT_FALSE(TimeManager::Get().IsProfiling());
+  EXPECT_TRUE(TimeManager::Get().GetProfilerGroups().empty());
+
+  TimeManager::Get().SetClock(&HandClock::Read);
+  TimeManager::Get().Initialise();
+  Step(1.25);
+  EXPECT_EQ(Rates(), "1 1 1 1");  // nothing of the update before: (4 + 1) / 2 would be 2
+}
+
+TEST_F(TimeManagerTest, TheStepIsTheTimeBetweenUpdates) {
+  HandClock::now = 10;
+  TimeManager::Get().Initialise();
+  EXPECT_EQ(TimeManager::Get().GetStep().Get(), 0.017);
+  Step(0.25);
+  EXPECT_EQ(TimeManager::Get().GetStep().Get(), 0.25);
+  HandClock::now = 100;
+  EXPECT_EQ(TimeManager::Get().GetStep().Get(), 0.25);  // until the next update
+}
+
+TEST_F(TimeManagerTest, AStepTooShortToMeasureIsTakenFromTheRate) {
+  TimeManager::Get().Initialise();
+  Step(0.0);
+  EXPECT_EQ(TimeManager::Get().GetStep().Get(), 0.0);  // there is no rate
+  Step(0.25);
+  Step(1.0);  // (10000 + 4 + 1) / 3 = 3335
+  EXPECT_EQ(Dump(TimeManager::Get().GetRate()), "3335");
+  EXPECT_EQ(TimeManager::Get().GetStep().Get(), 1.0);
+  Step(0.0);
+  EXPECT_EQ(TimeManager::Get().GetStep().Get(), 1.0 / 3335.0);
+}
+
+TEST_F(TimeManagerTest, TheShortestStepItselfIsTooShortToTell) {
+  TimeManager::Get().Initialise();
+  HandClock::now = 0;
+  Step(0.0001);
+  EXPECT_EQ(TimeManager::Get().GetStep().Get(), 0.0);
+  HandClock::now = 0;
+  TimeManager::Get().Update();
+  Step(0.00010001);
+  EXPECT_EQ(TimeManager::Get().GetStep().Get(), 0.00010001);
+}
+
+TEST_F(TimeManagerTest, APeriodEndsOnlyBeyondASecond) {
+  HandClock::now = 10;
+  TimeManager::Get().Initialise();
+  for (int i = 0; i < 4; ++i) Step(0.25);
+  EXPECT_EQ(Rates(), kNoRates);  // a second exactly is not beyond it
+  Step(0.25);
+  EXPECT_EQ(Rates(), "4 4 4 4");
+}
+
+TEST_F(TimeManagerTest, TheRateIsTheMeanOfTheInstantaneousRatesAndNoCount) {
+  TimeManager::Get().Initialise();
+  for (int i = 0; i < 3; ++i) Step(1.0 / 64);
+  Step(1.0);
+  EXPECT_EQ(Rates(), "48 48 48 48");  // (64 + 64 + 64 + 1) / 4, though there were 4 updates
+}
+
+TEST_F(TimeManagerTest, RatesAreKeptOverThePeriods) {
+  TimeManager::Get().Initialise();
+  for (int i = 0; i < 5; ++i) Step(0.25);
+  EXPECT_EQ(Rates(), "4 4 4 4");
+  Step(0.5);
+  EXPECT_EQ(Rates(), "4 4 4 4");  // until the period ends
+  Step(0.75);
+  EXPECT_EQ(Rates(), "1 2 4 1");  // (2 + 1) / 2 = 1, and (4 + 1) / 2 = 2
+  for (int i = 0; i < 9; ++i) Step(0.125);
+  EXPECT_EQ(Rates(), "8 4 8 1");  // (4 + 1 + 8) / 3 = 4
+  Step(3.0);
+  EXPECT_EQ(Rates(), "0 3 8 0");  // 1 / 3 rounds to 0; 13 / 4 = 3
+}
+
+TEST_F(TimeManagerTest, AnInstantaneousRateIsRounded) {
+  TimeManager::Get().Initialise();
+  Step(0.375);  // 2.67: 3
+  Step(0.75);   // 1.33: 1
+  EXPECT_EQ(Dump(TimeManager::Get().GetRate()), "2");
+}
+
+TEST_F(TimeManagerTest, VeryShortStepsCountAsTenThousand) {
+  const double kShortSteps[] = {0.00009, 0.0, -5.0};  // 1 / 0.00009 would be 11111
+  for (const double step : kShortSteps) {
+    TimeManager::Get().Initialise();
+    Step(step);
+    Step(1.25 - step);  // comes to 1 update per second, or 0
+    EXPECT_EQ(Dump(TimeManager::Get().GetRate()), "5000") << step;  // half of 10001, or of 10000
+  }
+}
+
+TEST_F(TimeManagerTest, WithoutInitialiseStepsAreKeptButNoRates) {
+  Step(0.5);
+  Step(2.0);
+  EXPECT_EQ(TimeManager::Get().GetStep().Get(), 2.0);
+  EXPECT_EQ(Rates(), kNoRates);
+}
+
+TEST_F(TimeManagerTest, InitialiseBeginsAnewButCountsTheUpdatesOfTheRunningPeriod) {
+  TimeManager::Get().Initialise();
+  Step(1.25);
+  EXPECT_EQ(Rates(), "1 1 1 1");
+  Step(1.0 / 64);
+  TimeManager::Get().SetProfiling(true);
+  HandClock::now += 1;
+  TimeManager::Get().SetProfiling(false);
+  TimeManager::Get().Initialise();
+  EXPECT_EQ(Rates(), kNoRates);
+  EXPECT_EQ(TimeManager::Get().GetStep().Get(), 0.017);
+  EXPECT_EQ(TimeManager::Get().GetProfiledTime().Get(), 0.0);
+  EXPECT_EQ(TimeManager::Get().GetPlayTime().Get(), 0.0);
+  Step(1.25);
+  EXPECT_EQ(Rates(), "32 32 32 32");  // (64 + 1) / 2
+}
+
+TEST_F(TimeManagerTest, PlayTimeRunsFromInitialise) {
+  HandClock::now = 10;
+  EXPECT_EQ(TimeManager::Get().GetPlayTime().Get(), 0.0);
+  EXPECT_EQ(Dump(TimeManager::Get().GetPlayTimeText()), "[0:00:00]");
+  TimeManager::Get().Initialise();
+  HandClock::now = 75.5;
+  EXPECT_EQ(TimeManager::Get().GetPlayTime().Get(), 65.5);
+  EXPECT_EQ(Dump(TimeManager::Get().GetPlayTimeText()), "[0:01:05]");
+}
+
+TEST(FormatPlayTime, GivesHoursMinutesAndSeconds) {
+  const struct {
+    double seconds;
+    const char* text;
+  } kRows[] = {
+      {0,          "[0:00:00]"    },
+      {9.999,      "[0:00:09]"    }, // begun seconds do not count
+      {59.999,     "[0:00:59]"    },
+      {60,         "[0:01:00]"    },
+      {3599.9,     "[0:59:59]"    },
+      {3600,       "[1:00:00]"    },
+      {36610,      "[10:10:10]"   },
+      {359999,     "[99:59:59]"   },
+      {360000,     "[100:00:00]"  },
+      {-1,         "[inf:inf:inf]"},
+      {-0.5,       "[inf:inf:inf]"},
+      {1e308 * 10, "[inf:inf:inf]"},
+  };
+  for (const auto& row : kRows) EXPECT_EQ(FormatPlayTime(row.seconds).Get(), row.text);
+  EXPECT_EQ(FormatPlayTime(s_double::NaN()).Get(), "[nan:nan:nan]");
+}
+
+TEST_F(TimeManagerTest, ProfiledTimeLiesBetweenSwitchingOnAndOff) {
+  TimeManager& manager = TimeManager::Get();
+  HandClock::now = 10;
+  manager.SetProfiling(true);
+  EXPECT_TRUE(manager.IsProfiling());
+  HandClock::now = 12.5;
+  EXPECT_EQ(manager.GetProfiledTime().Get(), 0.0);
+  manager.SetProfiling(false);
+  EXPECT_FALSE(manager.IsProfiling());
+  EXPECT_EQ(manager.GetProfiledTime().Get(), 2.5);
+
+  HandClock::now = 20;
+  manager.SetProfiling(true);
+  EXPECT_EQ(manager.GetProfiledTime().Get(), 2.5);  // the last one, until it is switched off again
+  HandClock::now = 21;
+  manager.SetProfiling(true);
+  HandClock::now = 24;
+  manager.SetProfiling(false);
+  EXPECT_EQ(manager.GetProfiledTime().Get(), 3.0);
+  HandClock::now = 25;
+  manager.SetProfiling(false);
+  EXPECT_EQ(manager.GetProfiledTime().Get(), 4.0);
+}
+
+TEST_F(TimeManagerTest, GroupsAndProfilersAreMadeOnFirstUse) {
+  TimeManager& manager = TimeManager::Get();
+  Profiler& first = manager.GetProfiler("b", "x");
+  Profiler& other = manager.GetProfiler("a", "x");
+  EXPECT_NE(&first, &other);
+  EXPECT_EQ(&manager.GetProfiler("b", "x"), &first);
+  std::string groups;
+  for (const auto& [name, group] : manager.GetProfilerGroups()) groups += name.Get() + "|";
+  EXPECT_EQ(groups, "a|b|");
+}
+
+TEST_F(TimeManagerTest, PrintsTheReportOfAScene) {
+  const PrintedLines printed;
+  TimeManager& manager = TimeManager::Get();
+  { const Chrono before(manager.GetProfiler("frame", "draw")); }
+  HandClock::now = 100;
+  manager.SetProfiling(true);
+  for (const double seconds : {0.0625, 0.125, 0.0625}) {
+    const Chrono chrono(manager.GetProfiler("frame", "draw"));
+    HandClock::now += seconds;
+  }
+  HandClock::now = 102;
+  manager.SetProfiling(false);
+  EXPECT_EQ(printed.Get(), "");
+  manager.PrintReport();
+  EXPECT_EQ(printed.Get(),
+            "# Profiling info : 2 s of profiling\n"
+            "# Profiling info for group [frame] : 0.25 s of profiling\n"
+            "  - draw :\n"
+            "     - call number     : 4 (1 not timed)\n"
+            "     - total time      : 0.2500 s (12.50% of total)\n"
+            "     - average time    : 83.33 ms\n"
+            "     - highest time    : 125.0 ms\n"
+            "     - lowest time     : 62.50 ms\n"
+            "     - listing records :\n"
+            "        [0] : 62.50 ms\n"
+            "        [1] : 125.0 ms\n"
+            "        [2] : 62.50 ms\n"
+            "# end.\n");
+}
+
+}  // namespace
+}  // namespace Quarn
