@@ -1,6 +1,6 @@
 #include "utils/file.h"
 
-#include <algorithm>
+#include <iterator>
 #include <limits>
 #include <string>
 #include <utility>
@@ -42,10 +42,7 @@ void File::GetLine(s_str& line) {
   std::string text = line.Take();
   text.clear();  // std::getline leaves the text alone when the stream has failed before
   std::getline(*this, text);
-  const auto carriage_return = std::find(text.begin(), text.end(), '\r');
-  if (carriage_return != text.end()) {
-    text.erase(std::remove(carriage_return, text.end(), '\r'), text.end());
-  }
+  if (text.find('\r') != std::string::npos) std::erase(text, '\r');
   line = std::move(text);
 }
 

@@ -121,7 +121,7 @@ TEST(SStrConvert, TextToDouble) {
       {"1e999",         kMax,                    false},
       {"-1e999",        -kMax,                   false},
       {"1.8e308",       kMax,                    false},
-      {"5e",            0,                       false}, // the exponent was begun and has to be there
+      {"5e",            0,                       false}, // an exponent once begun must be there
       {"5e+",           0,                       false},
       {"5ex",           0,                       false},
       {"",              0,                       false},
