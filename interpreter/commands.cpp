@@ -75,8 +75,7 @@ void State::DefineReference(std::string_view name, std::string_view expression) 
   if (!PassesNameCheck(name = TrimSpaces(name))) return;
   const s_str own_name(name);
   const s_refptr<Symbol> reference = NewReference(*this, own_name, expression);
-  Store(own_name, reference);
-  PrintValue("\tDefining ", reference->GetDeclaredType().GetView(), *reference);
+  Define(own_name, reference->GetDeclaredType(), reference);
 }
 
 void State::Assign(std::string_view name, std::string_view expression) {
@@ -88,8 +87,7 @@ void State::Assign(std::string_view name, std::string_view expression) {
   // A warning refuses the value too.
   if (!error.IsEmpty()) return PrintMessage(error);
   if (!value) return;
-  Store(own_name, value);
-  PrintValue("\tDefining ", value->GetDeclaredType().GetView(), *value);
+  Define(own_name, value->GetDeclaredType(), value);
 }
 
 void State::Declare(std::string_view name, std::string_view type) {
@@ -98,8 +96,7 @@ void State::Declare(std::string_view name, std::string_view type) {
   if (row == types_.end()) return PrintMessage(messages::UnknownType(type));
   const s_str own_name(name);
   const s_refptr<Symbol> value = row->second.create(own_name);
-  Store(own_name, value);
-  PrintValue("\tDefining ", type, *value);
+  Define(own_name, s_str(type), value);
 }
 
 void State::DeleteAll() {
@@ -150,13 +147,14 @@ void State::PrintExpression(std::string_view expression) {
   }
   // A result with a name of its own, such as a new abstract symbol, is a definition.
   if (!PassesNameCheck(name.GetView())) return;
-  Store(name, value);
-  PrintValue("\tDefining ", value->GetType().GetView(), *value);
+  Define(name, value->GetType(), value);
 }
 
-// Gives the name its value; the value is also the last result.
-void State::Store(const s_str& name, const s_refptr<Symbol>& value) {
+// Only what has been printed becomes the last result: a value that refers to "_" is shown with the
+// one before it.
+void State::Define(const s_str& name, const s_str& type, const s_refptr<Symbol>& value) {
   symbols_.Set(name, value);
+  PrintValue("\tDefining ", type.GetView(), *value);
   SetLastResult(value);
 }
 

@@ -155,7 +155,7 @@ class State {
   void Query(std::string_view name);
   void PrintExpression(std::string_view expression);
 
-  void Store(const s_str& name, const s_refptr<Symbol>& value);
+  void Define(const s_str& name, const s_str& type, const s_refptr<Symbol>& value);
   bool PassesNameCheck(std::string_view name);
   void PrintMessage(s_str message);
   void PrintValue(std::string_view before, std::string_view type, const Symbol& value);
