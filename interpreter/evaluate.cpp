@@ -16,8 +16,15 @@ namespace {
 
 constexpr unsigned int kLowestPriority = 1;
 
-bool IsParenthesised(std::string_view text) {
-  return !text.empty() && text.front() == '(' && text.back() == ')';
+bool IsParenthesised(std::string_view text) { return text.front() == '(' && text.back() == ')'; }
+
+// Is the piece, without blanks around it, a leaf with balanced brackets? If not, an evaluation
+// tells what it is.
+[[gnu::noinline]] bool IsLeaf(const Piece& piece) {
+  Piece rest = piece.Trimmed();
+  if (rest.IsEmpty() || rest.GetText().front() == '(' || !rest.HasBalancedBrackets()) return false;
+  rest.CutBefore(CharacterClass::kOperator);
+  return rest.IsEmpty();
 }
 
 }  // namespace
@@ -76,11 +83,11 @@ class Evaluation {
   std::uint8_t GetNextOperator() const;
   bool IsLastDue() const;
   bool ApplyLast();
-  bool ApplyUnary(Pending last);
-  bool PutResult(s_refptr<Symbol> result);
-  s_refptr<Symbol> TakeValue();
+  void ApplyUnary(Pending last);
   s_refptr<Symbol> TakeResult();
 
+  // Does a value stand behind the last pending operator?
+  bool HasValue() const { return value_ ? true : false; }
   // Is the operand all there is? Then its value is the result, and bears the name.
   bool IsWhole() const {
     return outermost_ && operand_.GetBegin() == level_begin_ && operand_.GetEnd() == level_end_;
@@ -93,14 +100,13 @@ class Evaluation {
   std::optional<Source> source_;  // of a text of its own
   Piece rest_;                    // what is still to be read of the level
   Piece operand_;  // what was read last: a leaf, parentheses, or nothing between two operators
-  s_refptr<Symbol> left_;  // of the operator that is being applied
-  s_refptr<Symbol> right_;
+  s_refptr<Symbol> value_;  // what was read or computed last; the values before it are in the list
+  s_refptr<Symbol> left_;   // of the operator that is being applied
   std::uint32_t level_begin_ = 0;  // the level: what the innermost parenthesis holds, or all
   std::uint32_t level_end_ = 0;
-  bool outermost_ = true;   // has no parenthesis been opened but around the whole?
-  bool allow_new_symbol_;   // only for what stands in no parentheses
-  bool has_value_ = false;  // does a value stand behind the last pending operator?
-  bool is_leaf_ = false;    // is the result a leaf, which named itself?
+  bool outermost_ = true;  // has no parenthesis been opened but around the whole?
+  bool allow_new_symbol_;  // only for what stands in no parentheses
+  bool is_leaf_ = false;   // is the result a leaf, which named itself?
   const std::size_t pending_base_;
   const std::size_t outer_base_;
   const std::size_t values_base_;
@@ -110,7 +116,6 @@ bool Evaluation::EnterLevel(const Piece& level) {
   rest_ = level.Trimmed();
   level_begin_ = rest_.GetBegin();
   level_end_ = rest_.GetEnd();
-  has_value_ = false;
   if (!rest_.IsEmpty()) return rest_.CheckBrackets(error_);
   AddError(error_, messages::EmptySymbol());
   return false;
@@ -132,23 +137,20 @@ void Evaluation::CloseParenthesis() {
   work_.pending.pop_back();
   rest_ = work_.outer.back();
   work_.outer.pop_back();
-  has_value_ = true;
 }
 
 bool Evaluation::ReadLeaf() {
   is_leaf_ = IsWhole();
-  s_refptr<Symbol> value = state_.EvaluateLeaf(operand_, is_leaf_ ? name_ : Symbol::NoName(),
-                                               error_, is_leaf_ && allow_new_symbol_);
-  if (!value) return false;
-  work_.values.push_back(std::move(value));
-  has_value_ = true;
-  return true;
+  const s_str& name = is_leaf_ ? name_ : Symbol::NoName();
+  value_ = state_.EvaluateLeaf(operand_, name, error_, is_leaf_ && allow_new_symbol_);
+  return HasValue();
 }
 
 void Evaluation::ReadOperator() {
   const std::uint8_t op = GetNextOperator();
-  work_.pending.push_back({static_cast<std::uint8_t>(kPriorities[op].priority), op, has_value_});
-  has_value_ = false;
+  const auto priority = static_cast<std::uint8_t>(kPriorities[op].priority);
+  work_.pending.push_back({priority, op, HasValue()});
+  if (HasValue()) work_.values.push_back(std::move(value_));
   rest_.DropFirst();
 }
 
@@ -170,39 +172,34 @@ bool Evaluation::IsLastDue() const {
 [[gnu::always_inline]] inline bool Evaluation::ApplyLast() {
   const Pending last = work_.pending.back();
   work_.pending.pop_back();
-  if (!last.has_left || !has_value_) return ApplyUnary(last);
-  right_ = TakeValue();
-  left_ = TakeValue();
-  return PutResult(state_.ApplyBinary(last.op, left_, right_, error_));
-}
-
-[[gnu::noinline]] bool Evaluation::ApplyUnary(Pending last) {
-  const std::string_view op = kPriorities[last.op].text;
-  if (!last.has_left && !has_value_) {
-    AddError(error_, messages::MissingOperands(op));
-    return false;
+  if (last.has_left && HasValue()) {
+    left_ = std::move(work_.values.back());
+    work_.values.pop_back();
+    value_ = state_.ApplyBinary(last.op, left_, value_, error_);
+  } else {
+    ApplyUnary(last);
   }
-  return PutResult(last.has_left ? state_.ApplyLeftUnaryOperator(op, TakeValue(), error_)
-                                 : state_.ApplyRightUnaryOperator(op, TakeValue(), error_));
+  if (!HasValue()) return false;
+  if (!value_->GetName().IsEmpty()) value_->SetName(Symbol::NoName());
+  return true;
 }
 
-[[gnu::noinline]] bool Evaluation::PutResult(s_refptr<Symbol> result) {
-  if (!result) return false;
-  if (!result->GetName().IsEmpty()) result->SetName(Symbol::NoName());
-  work_.values.push_back(std::move(result));
-  return has_value_ = true;
-}
-
-s_refptr<Symbol> Evaluation::TakeValue() {
-  s_refptr<Symbol> value = std::move(work_.values.back());
-  work_.values.pop_back();
-  return value;
+[[gnu::noinline]] void Evaluation::ApplyUnary(Pending last) {
+  const std::string_view op = kPriorities[last.op].text;
+  if (HasValue()) {
+    value_ = state_.ApplyRightUnaryOperator(op, std::move(value_), error_);
+  } else if (last.has_left) {
+    left_ = std::move(work_.values.back());
+    work_.values.pop_back();
+    value_ = state_.ApplyLeftUnaryOperator(op, std::move(left_), error_);
+  } else {
+    AddError(error_, messages::MissingOperands(op));
+  }
 }
 
 s_refptr<Symbol> Evaluation::TakeResult() {
-  s_refptr<Symbol> result = TakeValue();
-  if (!is_leaf_ && !name_.IsEmpty()) result->SetName(name_);
-  return result;
+  if (!is_leaf_ && !name_.IsEmpty()) value_->SetName(name_);
+  return std::move(value_);
 }
 
 s_refptr<Symbol> Evaluation::Run() {
@@ -210,11 +207,13 @@ s_refptr<Symbol> Evaluation::Run() {
   while (true) {
     // Blanks between two operators are nothing: they trim away from whichever side they fall to.
     operand_ = rest_.CutBefore(CharacterClass::kOperator).Trimmed();
-    if (IsParenthesised(operand_.GetText())) {
-      if (!OpenParenthesis()) return {};
-      continue;
+    if (!operand_.IsEmpty()) {
+      if (IsParenthesised(operand_.GetText())) {
+        if (!OpenParenthesis()) return {};
+        continue;
+      }
+      if (!ReadLeaf()) return {};
     }
-    if (!operand_.IsEmpty() && !ReadLeaf()) return {};
     while (true) {
       while (IsLastDue()) {
         if (!ApplyLast()) return {};
@@ -231,6 +230,8 @@ s_refptr<Symbol> State::Evaluate(const Piece& piece, const s_str& name, s_str& e
                                  bool allow_new_symbol) {
   const Depth::Level level(depth_);
   if (!level.IsGranted()) return {};
+  // Most arguments and elements are a leaf each and need no more than this.
+  if (IsLeaf(piece)) return EvaluateLeaf(piece.Trimmed(), name, error, allow_new_symbol);
   return Evaluation::Make(*this, piece, name, error, allow_new_symbol)->Run();
 }
 

@@ -12,21 +12,6 @@
 namespace Quarn {
 namespace {
 
-[[gnu::noinline]] bool IsLiteralCopy(LiteralTest is_literal, std::string_view text) {
-  return is_literal(s_str(text)) ? true : false;
-}
-
-bool IsLiteral(const TypeRow& row, std::string_view text) {
-  return row.is_literal_in_place ? row.is_literal_in_place(text)
-                                 : IsLiteralCopy(row.is_literal, text);
-}
-
-[[gnu::noinline]] s_refptr<Symbol> BuildFromCopy(State& state, const TypeRow& type,
-                                                 const s_str& name, std::string_view text,
-                                                 s_str& error) {
-  return type.create_from(state, name, s_str(text), error);
-}
-
 [[gnu::noinline]] s_refptr<Symbol> NewSymbol(std::string_view name) {
   return s_refptr<Symbol>(new Symbol(s_str(name)));
 }
@@ -62,15 +47,14 @@ std::uint32_t FindListEnd(const Piece& leaf, std::uint32_t open) {
 
 s_refptr<Symbol> State::EvaluateLeaf(const Piece& leaf, const s_str& name, s_str& error,
                                      bool allow_new_symbol) {
+  s_refptr<Symbol> literal;
+  if (BuildLiteral(leaf, name, error, literal)) return literal;
+  return EvaluateNoLiteral(leaf, name, error, allow_new_symbol);
+}
+
+s_refptr<Symbol> State::EvaluateNoLiteral(const Piece& leaf, const s_str& name, s_str& error,
+                                          bool allow_new_symbol) {
   const std::string_view text = leaf.GetText();
-  bool ambiguous = false;
-  // The one operator that scanning never meets, since its "[" opens a bracket.
-  if (text == kPriorities[kIndexing].text) return Fail(error, messages::MissingOperands, text);
-  if (const TypeRow* type = FindLiteralType(text, ambiguous)) {
-    if (type->create_from_piece) return type->create_from_piece(*this, name, leaf, error);
-    return BuildFromCopy(*this, *type, name, text, error);
-  }
-  if (ambiguous) return FailAsAmbiguous(text, error);
   if (const s_refptr<Symbol>* symbol = symbols_.Find(text)) {
     return CopySymbol(**symbol, name, error);
   }
@@ -91,25 +75,42 @@ s_refptr<Symbol> State::EvaluateLeaf(const Piece& leaf, const s_str& name, s_str
   return Fail(error, messages::NoOperatorFound, text);
 }
 
-// The one type that takes the text for a literal; null when none does, or several do.
-const TypeRow* State::FindLiteralType(std::string_view text, bool& ambiguous) const {
-  const TypeRow* type = nullptr;
-  for (const TypeRow* row : literals_) {
-    if (!IsLiteral(*row, text)) continue;
-    ambiguous = type != nullptr;
-    if (ambiguous) return nullptr;
-    type = row;
+// False when the leaf is no literal. The types that cannot have one beginning so are not asked, and
+// where that leaves one type, it looks at the text in place.
+bool State::BuildLiteral(const Piece& leaf, const s_str& name, s_str& error,
+                         s_refptr<Symbol>& value) {
+  const std::string_view text = leaf.GetText();
+  // The one operator that scanning never meets, since its "[" opens a bracket.
+  if (text.front() == '[' && text == kPriorities[kIndexing].text) {
+    value = Fail(error, messages::MissingOperands, text);
+    return true;
   }
-  return type;
+  const auto& types = literals_[static_cast<unsigned char>(text.front())];
+  if (types.empty()) return false;
+  if (types.size() == 1 && types[0]->build_in_place) {
+    return types[0]->build_in_place(*this, name, leaf, error, value);
+  }
+  return BuildOneOf(types, leaf, name, error, value);
 }
 
-s_refptr<Symbol> State::FailAsAmbiguous(std::string_view text, s_str& error) const {
-  s_ctnr<s_str> types;
-  for (const TypeRow* row : literals_) {
-    if (IsLiteral(*row, text)) types.PushBack(row->name);
+[[gnu::noinline]] bool State::BuildOneOf(const std::vector<const TypeRow*>& types,
+                                         const Piece& leaf, const s_str& name, s_str& error,
+                                         s_refptr<Symbol>& value) {
+  const s_str text(leaf.GetText());
+  s_ctnr<s_str> names;
+  const TypeRow* type = nullptr;
+  for (const TypeRow* row : types) {
+    if (!row->is_literal(text)) continue;
+    type = row;
+    names.PushBack(row->name);
   }
-  AddError(error, messages::AmbiguousConstructor(text, types));
-  return {};
+  if (!type) return false;
+  if (names.GetSize() > s_uint(1U)) {
+    AddError(error, messages::AmbiguousConstructor(text.GetView(), names));
+  } else {
+    value = type->create_from(*this, name, text, error);
+  }
+  return true;
 }
 
 [[gnu::noinline]] s_refptr<Symbol> State::CopySymbol(const Symbol& symbol, const s_str& name,
@@ -117,7 +118,7 @@ s_refptr<Symbol> State::FailAsAmbiguous(std::string_view text, s_str& error) con
   s_refptr<Symbol> copy = symbol.Clone();
   copy->SetName(name);
   // Asking a reference for its type evaluates it, so it is only asked where it matters.
-  if (!name.IsEmpty() && copy->GetType() == Symbol::kType) {
+  if (!name.IsEmpty() && !copy->GetFixedType() && copy->GetType() == Symbol::kType) {
     AddError(error, messages::SymbolAssignedToSymbol());
   }
   return copy;
@@ -144,6 +145,10 @@ s_refptr<Symbol> State::FailAsAmbiguous(std::string_view text, s_str& error) con
   s_str signature = "(";
   for (s_refptr<Symbol>& argument : lists.arguments) {
     if (signature.GetSize() > s_uint(1U)) signature.Append(", ");
+    if (const char* type = argument->GetFixedType()) {
+      signature.Append(type);
+      continue;
+    }
     s_refptr<Symbol> resolved = Resolve(argument);
     if (depth_.IsExhausted()) return {};
     signature.Append(resolved ? resolved->GetType().GetView() : kReferenceType);

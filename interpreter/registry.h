@@ -26,12 +26,11 @@ using LiteralTest = s_bool (*)(const s_str& text);
 using TextConstructor = s_refptr<Symbol> (*)(State&, const s_str& name, const s_str& text,
                                              s_str& error);
 
-// The same two for a literal that still stands in its line; a type that has them is spared the copy
-// of the text, and a literal that holds expressions its second search for brackets. They must agree
-// with the two above.
-using LiteralTestInPlace = bool (*)(std::string_view text);
-using PieceConstructor = s_refptr<Symbol> (*)(State&, const s_str& name, const Piece& piece,
-                                              s_str& error);
+// Both at once for a text that still stands in its line, which is spared the copy, and the second
+// search for brackets where a literal holds expressions. False when the text is no literal;
+// otherwise the value is what the constructor would have given. Must agree with the two above.
+using LiteralInPlace = bool (*)(State&, const s_str& name, const Piece& piece, s_str& error,
+                                s_refptr<Symbol>& value);
 
 // Operators get resolved operands of exactly the types of their row, and return a new unnamed
 // value; null, with a message added to the error text, is a failure.
@@ -48,8 +47,9 @@ struct TypeRow {
   Creator create;
   LiteralTest is_literal = nullptr;  // null: the type has no literals
   TextConstructor create_from = nullptr;
-  LiteralTestInPlace is_literal_in_place = nullptr;  // null: the text is copied
-  PieceConstructor create_from_piece = nullptr;
+  LiteralInPlace build_in_place = nullptr;  // null: the text is copied
+  // The characters with which literals begin; other texts are not looked at. Empty: any.
+  std::string_view literal_starts = {};
 };
 
 struct UnaryRow {

@@ -1,53 +1,28 @@
 #include "interpreter/source.h"
 
-#include <array>
-
 #include "interpreter/messages.h"
-#include "interpreter/priorities.h"
 
 namespace Quarn {
-namespace {
-
-constexpr std::string_view kOpening = "(<[";
-constexpr std::string_view kClosing = ")>]";
-
-constexpr std::size_t Code(char c) { return static_cast<unsigned char>(c); }
-
-constexpr auto kClasses = [] {
-  std::array<CharacterClass, 256> classes{};
-  classes[Code(' ')] = CharacterClass::kBlank;
-  classes[Code(',')] = CharacterClass::kComma;
-  for (char c : kOpening) classes[Code(c)] = CharacterClass::kOpen;
-  for (char c : kClosing) classes[Code(c)] = CharacterClass::kClose;
-  for (const OperatorPriority& row : kPriorities) {
-    // "[]" is never met at top level: its "[" opens a bracket.
-    if (row.text.size() == 1) classes[Code(row.text[0])] = CharacterClass::kOperator;
-  }
-  return classes;
-}();
-
-CharacterClass Classify(char c) { return kClasses[Code(c)]; }
-
-}  // namespace
-
 Source::Source(std::string_view text, BracketRoom& room)
     : text_(text), room_(room), base_(room.size()) {
   Match();
 }
 
 void Source::Match() {
+  std::size_t begin = 0;
+  while (begin < text_.size() && Classify(text_[begin]) < CharacterClass::kOpen) ++begin;
+  plain_ = begin == text_.size();
   // While a bracket is open, `next` links to the one of its kind that was opened before it.
   std::uint32_t innermost[] = {Bracket::kOpenEnd, Bracket::kOpenEnd, Bracket::kOpenEnd};
-  for (std::size_t i = 0; i < text_.size(); ++i) {
+  for (std::size_t i = begin; i < text_.size(); ++i) {
     const CharacterClass kind = Classify(text_[i]);
     if (kind < CharacterClass::kOpen) continue;
-    plain_ = false;
     if (kind == CharacterClass::kOpen) {
-      std::uint32_t& top = innermost[kOpening.find(text_[i])];
+      std::uint32_t& top = innermost[kOpeningBrackets.find(text_[i])];
       room_.push_back({static_cast<std::uint32_t>(i), Bracket::kOpenEnd, top});
       top = count_++;
     } else {
-      std::uint32_t& top = innermost[kClosing.find(text_[i])];
+      std::uint32_t& top = innermost[kClosingBrackets.find(text_[i])];
       if (top == Bracket::kOpenEnd) continue;
       Bracket& bracket = room_[base_ + top];
       top = bracket.next;
@@ -55,14 +30,6 @@ void Source::Match() {
       bracket.next = count_;
     }
   }
-}
-
-Piece Piece::Trimmed() const {
-  Piece trimmed = *this;
-  const std::string_view text = source_->GetText();
-  while (trimmed.begin_ < trimmed.end_ && text[trimmed.begin_] == ' ') ++trimmed.begin_;
-  while (trimmed.begin_ < trimmed.end_ && text[trimmed.end_ - 1] == ' ') --trimmed.end_;
-  return trimmed;
 }
 
 Piece Piece::Inside() const {
@@ -95,41 +62,26 @@ Piece Piece::Behind(std::uint32_t position) const {
   return behind;
 }
 
-bool Piece::CheckBrackets(s_str& error) const {
-  if (source_->IsPlain()) return true;
-  const std::string_view text = source_->GetText();
+std::uint32_t Piece::FindBadBracket() const {
+  const char* text = source_->GetText().data();
   std::uint32_t bracket = bracket_;
   for (std::uint32_t i = begin_; i < end_; ++i) {
     const CharacterClass kind = Classify(text[i]);
-    if (kind == CharacterClass::kClose) {
-      AddError(error, messages::TooManyClosing(text[i]));
-      return false;
-    }
-    if (kind != CharacterClass::kOpen) continue;
+    if (kind < CharacterClass::kOpen) continue;
+    if (kind == CharacterClass::kClose) return i;
     const Bracket& open = source_->GetBracket(bracket);
-    if (open.close >= end_) {
-      AddError(error, messages::Unterminated(text[i]));
-      return false;
-    }
+    if (open.close >= end_) return i;
     i = open.close;
     bracket = open.next;
   }
-  return true;
+  return end_;
 }
 
-Piece Piece::CutBefore(CharacterClass stop) {
-  Piece cut = *this;
-  const std::string_view text = source_->GetText();
-  for (; begin_ < end_; ++begin_) {
-    const CharacterClass kind = Classify(text[begin_]);
-    if (kind == stop) break;
-    if (kind != CharacterClass::kOpen) continue;
-    const Bracket& open = source_->GetBracket(bracket_);
-    begin_ = open.close;
-    bracket_ = open.next;
-  }
-  cut.end_ = begin_;
-  return cut;
+bool Piece::FailOnBracket(std::uint32_t position, s_str& error) const {
+  const char bracket = source_->GetText()[position];
+  AddError(error, Classify(bracket) == CharacterClass::kClose ? messages::TooManyClosing(bracket)
+                                                              : messages::Unterminated(bracket));
+  return false;
 }
 
 std::uint32_t Piece::FindClose(std::uint32_t open) const {

@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "interpreter/character_class.h"
 #include "utils/s_str.h"
 
 namespace Quarn {
@@ -27,9 +28,6 @@ struct Bracket {
 
 // Lends the room for the indexes of texts that are evaluated inside one another; see Source.
 using BracketRoom = std::vector<Bracket>;
-
-// What a character is to the scanner.
-enum class CharacterClass : std::uint8_t { kOther, kBlank, kComma, kOperator, kOpen, kClose };
 
 class Source {
  public:
@@ -64,14 +62,22 @@ class Piece {
   explicit Piece(const Source& source)
       : source_(&source), end_(static_cast<std::uint32_t>(source.GetText().size())) {}
 
-  std::string_view GetText() const { return source_->GetText().substr(begin_, end_ - begin_); }
+  std::string_view GetText() const {
+    return std::string_view(source_->GetText().data() + begin_, end_ - begin_);
+  }
   std::uint32_t GetBegin() const { return begin_; }
   std::uint32_t GetEnd() const { return end_; }
   bool IsEmpty() const { return begin_ == end_; }
   bool operator==(const Piece& other) const = default;
 
   // Without leading and trailing spaces. Tabs stay.
-  Piece Trimmed() const;
+  Piece Trimmed() const {
+    Piece trimmed = *this;
+    const char* text = source_->GetText().data();
+    while (trimmed.begin_ < trimmed.end_ && text[trimmed.begin_] == ' ') ++trimmed.begin_;
+    while (trimmed.begin_ < trimmed.end_ && text[trimmed.end_ - 1] == ' ') --trimmed.end_;
+    return trimmed;
+  }
   // Without its first and last character. REQUIRES: the first is an opening bracket.
   Piece Inside() const;
   // The part before / behind a position of the text that lies inside the piece.
@@ -79,7 +85,12 @@ class Piece {
   Piece Behind(std::uint32_t position) const;
 
   // Are the brackets balanced at the top level of this piece? If not, adds the one message.
-  bool CheckBrackets(s_str& error) const;
+  bool CheckBrackets(s_str& error) const {
+    if (source_->IsPlain()) return true;
+    const std::uint32_t bad = FindBadBracket();
+    return bad == end_ || FailOnBracket(bad, error);
+  }
+  bool HasBalancedBrackets() const { return source_->IsPlain() || FindBadBracket() == end_; }
 
   // Cuts off and returns what stands before the next character of the class at top level, and
   // leaves the rest beginning with that character, or empty when there is none.
@@ -93,6 +104,9 @@ class Piece {
   std::uint32_t FindClose(std::uint32_t open) const;
 
  private:
+  // The first bracket at top level that closes none, or is not closed; the end when there is none.
+  std::uint32_t FindBadBracket() const;
+  bool FailOnBracket(std::uint32_t position, s_str& error) const;
   std::uint32_t SkipBracketsBefore(std::uint32_t position) const;
 
   const Source* source_ = nullptr;
@@ -100,6 +114,24 @@ class Piece {
   std::uint32_t end_ = 0;
   std::uint32_t bracket_ = 0;
 };
+
+inline Piece Piece::CutBefore(CharacterClass stop) {
+  Piece cut = *this;
+  const char* text = source_->GetText().data();
+  std::uint32_t at = begin_;
+  while (at < end_) {
+    const CharacterClass kind = Classify(text[at]);
+    if (kind == stop) break;
+    if (kind == CharacterClass::kOpen) {
+      const Bracket& open = source_->GetBracket(bracket_);
+      at = open.close;
+      bracket_ = open.next;
+    }
+    ++at;
+  }
+  begin_ = cut.end_ = at;
+  return cut;
+}
 
 // The parts of a list between commas, one after the other; empty ones are left out, blank ones not.
 //   Parts parts(inside);

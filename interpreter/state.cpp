@@ -7,6 +7,11 @@
 namespace Quarn {
 namespace {
 
+bool MayBeginLiteral(const TypeRow& type, char start) {
+  if (!type.is_literal) return false;
+  return type.literal_starts.empty() || type.literal_starts.find(start) != std::string_view::npos;
+}
+
 s_refptr<Symbol> CreateSymbol(const s_str& name) { return s_refptr<Symbol>(new Symbol(name)); }
 
 }  // namespace
@@ -21,16 +26,18 @@ State::State(std::ostream& out, std::istream& in) : out_(out), in_(in) {
 
 void State::SetLastResult(s_refptr<Symbol> value) {
   if (!value) value = NewReference(*this, Symbol::NoName(), "");
-  symbols_.Set("_", std::move(value));
+  symbols_.SetLastResult(std::move(value));
 }
 
 void State::Flush() { out_.flush(); }
 
 void State::AddType(const TypeRow& row) {
   types_.insert_or_assign(row.name, row);
-  literals_.clear();
-  for (const auto& [name, type] : types_) {
-    if (type.is_literal || type.is_literal_in_place) literals_.push_back(&type);
+  for (std::size_t code = 0; code < literals_.size(); ++code) {
+    literals_[code].clear();
+    for (const auto& [name, type] : types_) {
+      if (MayBeginLiteral(type, static_cast<char>(code))) literals_[code].push_back(&type);
+    }
   }
 }
 

@@ -9,6 +9,7 @@
 // on several threads do not disturb each other, but for the C library's one `rand`.
 #pragma once
 
+#include <array>
 #include <initializer_list>
 #include <iosfwd>
 #include <vector>
@@ -45,7 +46,7 @@ class State {
   // `allow_new_symbol` and `name` is empty. A non-null value may come with a warning in `error`.
   s_refptr<Symbol> ParseSymbol(const s_str& name, s_str expression, s_str& error,
                                s_bool allow_new_symbol);
-  // The same for a piece of a text that is being evaluated already, as a PieceConstructor gets it.
+  // The same for a piece of a text that is being evaluated already, as a LiteralInPlace gets it.
   s_refptr<Symbol> Evaluate(const Piece& piece, const s_str& name, s_str& error,
                             bool allow_new_symbol = false);
   // The same for a text in place, which must stay until the call returns.
@@ -123,8 +124,11 @@ class State {
   // The kinds of leaf; each gives null with a message when it fails.
   s_refptr<Symbol> EvaluateLeaf(const Piece& leaf, const s_str& name, s_str& error,
                                 bool allow_new_symbol);
-  const TypeRow* FindLiteralType(std::string_view text, bool& ambiguous) const;
-  s_refptr<Symbol> FailAsAmbiguous(std::string_view text, s_str& error) const;
+  bool BuildLiteral(const Piece& leaf, const s_str& name, s_str& error, s_refptr<Symbol>& value);
+  bool BuildOneOf(const std::vector<const TypeRow*>& types, const Piece& leaf, const s_str& name,
+                  s_str& error, s_refptr<Symbol>& value);
+  s_refptr<Symbol> EvaluateNoLiteral(const Piece& leaf, const s_str& name, s_str& error,
+                                     bool allow_new_symbol);
   s_refptr<Symbol> CopySymbol(const Symbol& symbol, const s_str& name, s_str& error);
   s_refptr<Symbol> Call(const Piece& leaf, std::uint32_t open, s_str& error);
   s_refptr<Symbol> CallOverload(const s_str& name, const Registry<Function>& overloads,
@@ -132,6 +136,8 @@ class State {
   s_refptr<Symbol> Index(const Piece& leaf, std::uint32_t open, std::uint32_t close,
                          const s_str& name, s_str& error);
 
+  s_refptr<Symbol> EvaluateOperators(const Piece& piece, const s_str& name, s_str& error,
+                                     bool allow_new_symbol);
   s_refptr<Symbol> EvaluateOutermost(std::string_view text, const s_str& name, s_str& error,
                                      bool allow_new_symbol);
 
@@ -167,7 +173,8 @@ class State {
   UnaryRegistry right_unary_;
   FunctionRegistry functions_;
 
-  std::vector<const TypeRow*> literals_;  // the types that have literals, in ascending order
+  // The types that may have a literal beginning with a character, in ascending order.
+  std::array<std::vector<const TypeRow*>, 256> literals_;
   Dispatch<BinaryOperator> binary_dispatch_;
   Workspace workspace_;
   Depth depth_;

@@ -54,6 +54,10 @@ class Symbol {
 
  protected:
   Symbol() = default;  // a temporary
+  void ClearNames() {
+    name_.Clear();
+    value_text_.Clear();
+  }
   Symbol(const Symbol&) = default;
 
  private:

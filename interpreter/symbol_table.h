@@ -1,5 +1,6 @@
 // SymbolTable holds the values that the user named, and the last result under "_". Looked up far
-// more often than walked, it is a hash table; Names sorts when asked.
+// more often than walked, it is a hash table; GetNames sorts when asked. The last result changes
+// with every command and stands apart.
 #pragma once
 
 #include <string_view>
@@ -12,22 +13,36 @@ namespace Quarn {
 
 class SymbolTable {
  public:
-  // The value of a name; null when there is none. Valid until the name is erased.
+  static constexpr std::string_view kLastResult = "_";
+
+  // The value of a name; null when there is none. Valid until the name is erased or all are.
   const s_refptr<Symbol>* Find(std::string_view name) const {
+    if (name == kLastResult) return last_result_ ? &last_result_ : nullptr;
     const auto found = symbols_.find(name);
     return found == symbols_.end() ? nullptr : &found->second;
   }
   bool Contains(std::string_view name) const { return Find(name) != nullptr; }
 
-  // Gives the name a value, in place of any that it had.
+  // Gives the name a value, in place of any that it had. REQUIRES: the value is not null.
   void Set(const s_str& name, s_refptr<Symbol> value) {
+    if (name.GetView() == kLastResult) return SetLastResult(std::move(value));
     symbols_.insert_or_assign(name, std::move(value));
   }
-  // Does nothing when the name has no value.
-  void Erase(const s_str& name) { symbols_.erase(name); }
-  void Clear() { symbols_.clear(); }
+  void SetLastResult(s_refptr<Symbol> value) { last_result_ = std::move(value); }
 
-  s_uint GetSize() const { return static_cast<unsigned int>(symbols_.size()); }
+  // Does nothing when the name has no value.
+  void Erase(const s_str& name) {
+    if (name.GetView() == kLastResult) return SetLastResult({});
+    symbols_.erase(name);
+  }
+  void Clear() {
+    symbols_.clear();
+    SetLastResult({});
+  }
+
+  s_uint GetSize() const {
+    return static_cast<unsigned int>(symbols_.size() + (last_result_ ? 1 : 0));
+  }
   // All names, in ascending order.
   s_ctnr<s_str> GetNames() const;
 
@@ -47,6 +62,7 @@ class SymbolTable {
   };
 
   std::unordered_map<s_str, s_refptr<Symbol>, Hash, Equal> symbols_;
+  s_refptr<Symbol> last_result_;
 };
 
 }  // namespace Quarn

@@ -18,15 +18,23 @@ inline double NumberOf(const Symbol& value) {
 
 inline s_refptr<Symbol> NewNumber(double value) { return s_refptr<Symbol>(new Scalar(value)); }
 
+// A new number in place of one that is used up: an operand that nobody else holds, as those within
+// an expression are, is made over instead of being thrown away.
+inline s_refptr<Symbol> Renew(s_refptr<Symbol>& operand, double value) {
+  if (operand.GetCount() != 1) return NewNumber(value);
+  static_cast<Scalar&>(*operand).BecomeTemporary(value);
+  return std::move(operand);
+}
+
 // Operators on numbers; `f` takes and returns double.
 template <class F>
 UnaryOperator Unary(F f) {
-  return [f](s_refptr<Symbol> operand, s_str&) { return NewNumber(f(NumberOf(*operand))); };
+  return [f](s_refptr<Symbol>&& operand, s_str&) { return Renew(operand, f(NumberOf(*operand))); };
 }
 template <class F>
 BinaryOperator Binary(F f) {
-  return [f](s_refptr<Symbol> left, s_refptr<Symbol> right, s_str&) {
-    return NewNumber(f(NumberOf(*left), NumberOf(*right)));
+  return [f](s_refptr<Symbol>&& left, s_refptr<Symbol>&& right, s_str&) {
+    return Renew(left, f(NumberOf(*left), NumberOf(*right)));
   };
 }
 
@@ -48,12 +56,12 @@ Function OfNumbers(double (*f)(Numbers...)) {
 // Operators that need the State, bound to it; the State outlives its registries.
 inline UnaryOperator On(State& state,
                         s_refptr<Symbol> (*f)(State&, const s_refptr<Symbol>& operand, s_str&)) {
-  return [&state, f](s_refptr<Symbol> operand, s_str& error) { return f(state, operand, error); };
+  return [&state, f](s_refptr<Symbol>&& operand, s_str& error) { return f(state, operand, error); };
 }
 inline BinaryOperator On(State& state,
                          s_refptr<Symbol> (*f)(State&, const s_refptr<Symbol>& left,
                                                const s_refptr<Symbol>& right, s_str&)) {
-  return [&state, f](s_refptr<Symbol> left, s_refptr<Symbol> right, s_str& error) {
+  return [&state, f](s_refptr<Symbol>&& left, s_refptr<Symbol>&& right, s_str& error) {
     return f(state, left, right, error);
   };
 }

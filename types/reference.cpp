@@ -8,9 +8,7 @@ namespace {
 
 s_refptr<Symbol> Create(const s_str& name) { return s_refptr<Symbol>(new Reference(name)); }
 
-bool IsLiteralInPlace(std::string_view text) { return text.starts_with('&'); }
-
-s_bool IsLiteral(const s_str& text) { return IsLiteralInPlace(text.GetView()); }
+s_bool IsLiteral(const s_str& text) { return text.StartsWith("&"); }
 
 // The expression is not looked at before it is used.
 s_refptr<Symbol> CreateFrom(State& state, const s_str& name, const s_str& text, s_str&) {
@@ -28,7 +26,7 @@ s_refptr<Symbol> CreateFrom(State& state, const s_str& name, const s_str& text, 
 }  // namespace
 
 void Reference::Register(State& state) {
-  state.AddType({kType, Create, IsLiteral, CreateFrom, IsLiteralInPlace});
+  state.AddType({kType, Create, IsLiteral, CreateFrom, nullptr, "&"});
 }
 
 s_refptr<Symbol> Reference::Evaluate() const {

@@ -6,6 +6,7 @@
 #include "types/lift.h"
 #include "types/scalar_literal.h"
 #include "types/scalar_math.h"
+#include "utils/decimal.h"
 #include "utils/s_str_convert.h"
 
 namespace Quarn {
@@ -19,8 +20,15 @@ s_refptr<Symbol> CreateFrom(State&, const s_str& name, const s_str& text, s_str&
   return s_refptr<Symbol>(new Scalar(name, ReadDouble(text.GetView()).value));
 }
 
-s_refptr<Symbol> CreateFromPiece(State&, const s_str& name, const Piece& piece, s_str&) {
-  return s_refptr<Symbol>(new Scalar(name, ReadDouble(piece.GetText()).value));
+bool BuildInPlace(State&, const s_str& name, const Piece& piece, s_str&, s_refptr<Symbol>& value) {
+  const std::string_view text = piece.GetText();
+  double number = 0;
+  if (!ReadOrdinary(text, number)) {
+    if (!IsNumberLiteral(text)) return false;
+    number = ReadDouble(text).value;
+  }
+  value = name.IsEmpty() ? NewNumber(number) : s_refptr<Symbol>(new Scalar(name, number));
+  return true;
 }
 
 s_refptr<Symbol> ApplyFactorial(State& state, const s_refptr<Symbol>& operand, s_str&) {
@@ -33,7 +41,7 @@ s_refptr<Symbol> ApplyFactorial(State& state, const s_refptr<Symbol>& operand, s
 }  // namespace
 
 void Scalar::Register(State& state) {
-  state.AddType({kType, Create, IsLiteral, CreateFrom, IsNumberLiteral, CreateFromPiece});
+  state.AddType({kType, Create, IsLiteral, CreateFrom, BuildInPlace, kNumberStarts});
   state.AddRightUnary({
   // written before the operand: !4, +x, -x
       {"!", kType, On(state, ApplyFactorial)},

@@ -20,6 +20,11 @@ class Scalar final : public Symbol {
   explicit Scalar(s_double value) : value_(value) {}  // a temporary
 
   s_double GetValue() const { return value_; }
+  // Makes a new temporary of an object that nobody else holds.
+  void BecomeTemporary(s_double value) {
+    ClearNames();
+    value_ = value;
+  }
 
   s_str ToString() const override;
   s_str GetType() const override { return kType; }

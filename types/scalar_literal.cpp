@@ -5,33 +5,26 @@
 namespace Quarn {
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-void DropSign(std::string_view& text) {
-  if (text.starts_with('+') || text.starts_with('-')) text.remove_prefix(1);
+const char* SkipSign(const char* at, const char* end) {
+  return at != end && (*at == '+' || *at == '-') ? at + 1 : at;
 }
 
-void DropDigits(std::string_view& text) {
-  while (!text.empty() && IsDigit(text.front())) text.remove_prefix(1);
+const char* SkipDigits(const char* at, const char* end) {
+  while (at != end && *at >= '0' && *at <= '9') ++at;
+  return at;
 }
 
 }  // namespace
 
 bool IsNumberLiteral(std::string_view text) {
   text = TrimSpaces(text);
-  DropSign(text);
-  DropDigits(text);
-  if (text.starts_with('.')) {
-    text.remove_prefix(1);
-    DropDigits(text);
-  }
-  if (text.empty()) return true;
-  if (text.front() != 'e') return false;
-  text.remove_prefix(1);
-  DropSign(text);
-  if (text.empty()) return false;
-  DropDigits(text);
-  return text.empty();
+  const char* end = text.data() + text.size();
+  const char* at = SkipDigits(SkipSign(text.data(), end), end);
+  if (at != end && *at == '.') at = SkipDigits(at + 1, end);
+  if (at == end) return true;
+  if (*at != 'e') return false;
+  at = SkipSign(at + 1, end);
+  return at != end && SkipDigits(at, end) == end;
 }
 
 }  // namespace Quarn

@@ -11,4 +11,7 @@ namespace Quarn {
 // too; what cannot be read as one has the value 0.
 bool IsNumberLiteral(std::string_view text);
 
+// What such a text begins with, but for the empty one.
+inline constexpr std::string_view kNumberStarts = "0123456789.e+- ";
+
 }  // namespace Quarn

@@ -13,18 +13,23 @@ namespace {
 
 s_refptr<Symbol> Create(const s_str& name) { return s_refptr<Symbol>(new Vector(name)); }
 
-bool IsLiteralInPlace(std::string_view text) {
-  return text.starts_with('<') && text.ends_with('>');
-}
+bool IsLiteralText(std::string_view text) { return text.starts_with('<') && text.ends_with('>'); }
 
-s_bool IsLiteral(const s_str& text) { return IsLiteralInPlace(text.GetView()); }
+s_bool IsLiteral(const s_str& text) { return IsLiteralText(text.GetView()); }
+
+bool BuildInPlace(State& state, const s_str& name, const Piece& piece, s_str& error,
+                  s_refptr<Symbol>& value) {
+  if (!IsLiteralText(piece.GetText())) return false;
+  value = Vector::CreateFromPiece(state, name, piece, error);
+  return true;
+}
 
 bool IsVector(const Symbol& value) { return value.GetFixedType() == Vector::kType; }
 
 }  // namespace
 
 void Vector::Register(State& state) {
-  state.AddType({kType, Create, IsLiteral, CreateFrom, IsLiteralInPlace, CreateFromPiece});
+  state.AddType({kType, Create, IsLiteral, CreateFrom, BuildInPlace, "<"});
   state.AddBinary({
       {Scalar::kType, "*",  kType,         On(state, ScaleFromLeft)   },
       {kType,         "*",  Scalar::kType, On(state, ScaleFromRight)  },

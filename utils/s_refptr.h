@@ -85,7 +85,10 @@ class s_refptr {
   static constexpr std::size_t kCounts = 2 * sizeof(unsigned int);
 
   void Release() {
-    if (!strong_ || --*strong_ != 0) return;
+    if (strong_ && --*strong_ == 0) Drop();
+  }
+
+  [[gnu::noinline]] void Drop() {
     // The counts go first: the object's destructor may be long, and needs them no more.
     T* object = std::exchange(object_, nullptr);
     if (*weak_ == 0) {

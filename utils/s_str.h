@@ -67,7 +67,8 @@ class s_str_t {
   friend s_bool operator<(const s_str_t& a, const s_str_t& b) { return a.text_ < b.text_; }
 
   // A text without characters is empty; if blanks are empty, so is one of blanks and tabs alone.
-  s_bool IsEmpty(s_bool blanks_are_empty = false) const;
+  s_bool IsEmpty() const { return text_.empty(); }
+  s_bool IsEmpty(s_bool blanks_are_empty) const;
 
   // The first occurrence at or after `from`; NaN when there is none.
   s_uint Find(const s_str_t& pattern, s_uint from = 0U) const;

@@ -6,6 +6,8 @@
 #include <limits>
 #include <sstream>
 
+#include "utils/decimal.h"
+
 namespace Quarn {
 namespace {
 
@@ -91,9 +93,16 @@ T ReadInteger(const s_str& text) {
 
 }  // namespace
 
-char* WriteDouble(char* out, double value) { return WriteReal(out, value, kDoubleDigits); }
+char* WriteDouble(char* out, double value) {
+  char* end = WriteOrdinary(out, value);
+  return end ? end : WriteReal(out, value, kDoubleDigits);
+}
 
-s_str ToText(s_double value) { return RealToText(value.Get(), kDoubleDigits); }
+s_str ToText(s_double value) {
+  char room[kNumberRoom];
+  const char* end = WriteDouble(room, value.Get());
+  return s_str(std::string_view(room, static_cast<std::size_t>(end - room)));
+}
 s_str ToText(s_float value) { return RealToText(value.Get(), kFloatDigits); }
 s_str ToText(s_uint value) { return IntegerToText(value); }
 s_str ToText(s_ulong value) { return IntegerToText(value); }
@@ -101,6 +110,8 @@ s_str ToText(s_int value) { return IntegerToText(value); }
 s_str ToText(s_bool value) { return value ? "true" : "false"; }
 
 NumberRead ReadDouble(std::string_view text) {
+  double ordinary = 0;
+  if (ReadOrdinary(text, ordinary)) return {ordinary, true};
   const std::string_view number = TakeNumber(text);
   const char* begin = number.data();
   const char* end = begin + number.size();

@@ -7,9 +7,9 @@ namespace Quarn {
 
 // Without leading and trailing spaces. Tabs stay.
 inline std::string_view TrimSpaces(std::string_view text) {
-  const std::size_t begin = text.find_first_not_of(' ');
-  if (begin == std::string_view::npos) return {};
-  return text.substr(begin, text.find_last_not_of(' ') + 1 - begin);
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  return text;
 }
 
 }  // namespace Quarn

@@ -1,0 +1,36 @@
+// What a character is to the scanner of expressions.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+#include "interpreter/priorities.h"
+
+namespace Quarn {
+
+// The brackets come last, in this order.
+enum class CharacterClass : std::uint8_t { kOther, kBlank, kComma, kOperator, kOpen, kClose };
+
+inline constexpr std::string_view kOpeningBrackets = "(<[";
+inline constexpr std::string_view kClosingBrackets = ")>]";
+
+inline constexpr auto kCharacterClasses = [] {
+  std::array<CharacterClass, 256> classes{};
+  const auto set = [&](std::string_view characters, CharacterClass to) {
+    for (char c : characters) classes[static_cast<unsigned char>(c)] = to;
+  };
+  set(" ", CharacterClass::kBlank);
+  set(",", CharacterClass::kComma);
+  set(kOpeningBrackets, CharacterClass::kOpen);
+  set(kClosingBrackets, CharacterClass::kClose);
+  for (const OperatorPriority& row : kPriorities) {
+    // "[]" is never met at top level: its "[" opens a bracket.
+    if (row.text.size() == 1) set(row.text, CharacterClass::kOperator);
+  }
+  return classes;
+}();
+
+inline CharacterClass Classify(char c) { return kCharacterClasses[static_cast<unsigned char>(c)]; }
+
+}  // namespace Quarn

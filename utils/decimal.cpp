@@ -1,0 +1,163 @@
+#include "utils/decimal.h"
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <iterator>
+
+namespace Quarn {
+namespace {
+
+__extension__ using Wide = unsigned __int128;
+
+constexpr int kDigits = 15;
+
+constexpr std::uint64_t kPowersOfTen[] = {
+    1U,
+    10U,
+    100U,
+    1000U,
+    10000U,
+    100000U,
+    1000000U,
+    10000000U,
+    100000000U,
+    1000000000U,
+    10000000000U,
+    100000000000U,
+    1000000000000U,
+    10000000000000U,
+    100000000000000U,
+    1000000000000000U,
+    10000000000000000U,
+    100000000000000000U,
+    1000000000000000000U,
+    10000000000000000000U,
+};
+constexpr std::uint64_t kLeast15Digits = kPowersOfTen[kDigits - 1];
+
+// All powers of ten that a double holds exactly; the quotient of two exact doubles is rounded once.
+constexpr double kExactPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                        1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                        1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr int kLargestExactPower = 22;
+constexpr std::uint64_t kLargestExactWhole = std::uint64_t{1} << 53;
+
+// Writes exactly so many digits, with leading zeros.
+void WriteDigits(char* out, std::uint64_t value, int count) {
+  static constexpr char kPairs[] =
+      "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
+      "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
+      "8081828384858687888990919293949596979899";
+  for (; count >= 2; count -= 2, value /= 100) {
+    std::memcpy(out + count - 2, kPairs + 2 * (value % 100), 2);
+  }
+  if (count) *out = static_cast<char>('0' + value);
+}
+
+char* WriteWhole(char* out, std::uint64_t value) {
+  int count = 1;
+  while (value >= kPowersOfTen[count]) ++count;
+  WriteDigits(out, value, count);
+  return out + count;
+}
+
+// A number is `digits` * 10^(exponent - 14), with 15 digits of which the first is not 0.
+struct Rounded {
+  std::uint64_t digits;
+  int exponent;
+};
+
+// m * 2^-shift to 15 digits, a tie to even, as the exact value asks for: m * 10^n fits 128 bits.
+Rounded RoundTo15Digits(std::uint64_t m, int shift, int exponent) {
+  while (true) {
+    const Wide scaled = Wide{m} * kPowersOfTen[kDigits - 1 - exponent];
+    const Wide half = Wide{1} << (shift - 1);
+    const Wide rest = scaled & (2 * half - 1);
+    auto digits = static_cast<std::uint64_t>(scaled >> shift);
+    // The guess at the exponent may be one too low.
+    if (digits >= 10 * kLeast15Digits) {
+      ++exponent;
+      continue;
+    }
+    if (rest > half || (rest == half && digits % 2 == 1)) ++digits;
+    if (digits == 10 * kLeast15Digits) return {kLeast15Digits, exponent + 1};
+    return {digits, exponent};
+  }
+}
+
+// REQUIRES: 0.0001 <= value < 1e15.
+Rounded RoundTo15Digits(double value) {
+  const auto bits = std::bit_cast<std::uint64_t>(value);
+  constexpr int kFractionBits = 52;
+  constexpr std::uint64_t kHiddenBit = std::uint64_t{1} << kFractionBits;
+  const int power = static_cast<int>(bits >> kFractionBits) - 1023;
+  const std::uint64_t m = (bits & (kHiddenBit - 1)) | kHiddenBit;
+  // 1233 / 4096 is just below log10(2), so the guess is right or one too low.
+  const int guess = (power * 1233) >> 12;
+  return RoundTo15Digits(m, kFractionBits - power, guess);
+}
+
+char* WriteFixed(char* out, const Rounded& number) {
+  char digits[kDigits];
+  WriteDigits(digits, number.digits, kDigits);
+  int count = kDigits;
+  while (digits[count - 1] == '0') --count;
+  const int whole = number.exponent + 1;  // digits before the full stop
+  if (whole <= 0) {
+    std::memcpy(out, "0.0000", 6);
+    std::memcpy(out + 2 - whole, digits, static_cast<std::size_t>(count));
+    return out + 2 - whole + count;
+  }
+  std::memcpy(out, digits, kDigits);
+  if (count <= whole) return out + whole;
+  out[whole] = '.';
+  std::memcpy(out + whole + 1, digits + whole, static_cast<std::size_t>(count - whole));
+  return out + count + 1;
+}
+
+}  // namespace
+
+char* WriteOrdinary(char* out, double value) {
+  const double size = std::fabs(value);
+  if (!(size >= 0.0001 && size < 1e15)) return nullptr;
+  if (value < 0) *out++ = '-';
+  const auto whole = static_cast<std::uint64_t>(size);
+  if (static_cast<double>(whole) == size) return WriteWhole(out, whole);
+  const Rounded rounded = RoundTo15Digits(size);
+  // 999999999999999.9 rounds up to 1e+15, which is written another way.
+  if (rounded.exponent >= kDigits) return nullptr;
+  return WriteFixed(out, rounded);
+}
+
+bool ReadOrdinary(std::string_view text, double& value) {
+  const char* at = text.data();
+  const char* end = at + text.size();
+  const bool negative = at != end && *at == '-';
+  if (at != end && (*at == '-' || *at == '+')) ++at;
+  // So many digits cannot overflow.
+  if (at == end || end - at > 19) return false;
+  std::uint64_t whole = 0;
+  const char* point = nullptr;
+  const char* begin = at;
+  for (; at != end; ++at) {
+    const auto digit = static_cast<unsigned char>(*at - '0');
+    if (digit <= 9) {
+      whole = whole * 10 + digit;
+    } else if (*at == '.' && !point) {
+      point = at;
+    } else {
+      return false;
+    }
+  }
+  if (whole > kLargestExactWhole || (point && end - begin == 1)) return false;
+  auto size = static_cast<double>(whole);
+  if (point) size /= kExactPowersOfTen[end - point - 1];
+  value = negative ? -size : size;
+  return true;
+}
+
+static_assert(kLargestExactPower + 1 == std::size(kExactPowersOfTen) && kLargestExactPower >= 18);
+
+}  // namespace Quarn
