@@ -20,8 +20,9 @@ bool IsAlphanumeric(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
-bool StandsBefore(std::size_t position, std::size_t next) {
-  return position != kNowhere && next != kNowhere && position + 1 == next;
+// Does the text end with the character, and hold it nowhere else?
+bool EndsWithFirst(std::string_view text, char c) {
+  return !text.empty() && text.find(c) == text.size() - 1;
 }
 
 }  // namespace
@@ -53,13 +54,9 @@ void State::ProcessLine(const s_str& line) {
 
 void State::ProcessCommand(std::string_view command) {
   const std::size_t equals = command.find('=');
+  if (equals != kNowhere)
+    return ProcessEquals(command.substr(0, equals), command.substr(equals + 1));
   const std::size_t colon = command.find(':');
-  // Kept on purpose: "x:=3" does nothing, and says nothing.
-  if (StandsBefore(colon, equals)) return;
-  if (StandsBefore(command.find('&'), equals)) {
-    return DefineReference(command.substr(0, equals - 1), command.substr(equals + 1));
-  }
-  if (equals != kNowhere) return Assign(command.substr(0, equals), command.substr(equals + 1));
   if (colon != kNowhere) return Declare(command.substr(0, colon), command.substr(colon + 1));
   if (command == "~") return DeleteAll();
   if (command.front() == '~') return Delete(command.substr(1));
@@ -69,6 +66,15 @@ void State::ProcessCommand(std::string_view command) {
   }
   if (command.front() == '?') return Query(command.substr(1));
   PrintExpression(command);
+}
+
+void State::ProcessEquals(std::string_view before, std::string_view expression) {
+  // Kept on purpose: "x:=3" does nothing, and says nothing.
+  if (EndsWithFirst(before, ':')) return;
+  if (EndsWithFirst(before, '&')) {
+    return DefineReference(before.substr(0, before.size() - 1), expression);
+  }
+  Assign(before, expression);
 }
 
 void State::DefineReference(std::string_view name, std::string_view expression) {

@@ -4,7 +4,9 @@
 // Registry entries are never removed, so what it remembers stays right.
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 
 #include "interpreter/priorities.h"
 
@@ -37,6 +39,43 @@ class Dispatch {
 
   Entry entries_[kOperators][kPlaces];
   std::size_t oldest_[kOperators] = {};
+};
+
+// CallDispatch remembers the same of functions: which overload was found for arguments of which
+// types. It knows calls of at most two arguments.
+template <class Overloads, class Body>
+class CallDispatch {
+ public:
+  static constexpr std::size_t kArguments = 2;
+
+  // Null types stand for the arguments that there are not.
+  struct Key {
+    const Overloads* overloads;
+    std::array<const char*, kArguments> types;
+    bool operator==(const Key&) const = default;
+  };
+
+  // Null when nothing is remembered.
+  const Body* Find(const Key& key) const {
+    const Entry& entry = entries_[Place(key)];
+    return entry.key == key ? entry.body : nullptr;
+  }
+  // Forgets what was remembered in the same place.
+  void Remember(const Key& key, const Body* body) { entries_[Place(key)] = {key, body}; }
+
+ private:
+  static constexpr std::size_t kPlaces = 64;
+
+  struct Entry {
+    Key key{};
+    const Body* body = nullptr;
+  };
+
+  static std::size_t Place(const Key& key) {
+    return (reinterpret_cast<std::uintptr_t>(key.overloads) / alignof(std::max_align_t)) % kPlaces;
+  }
+
+  std::array<Entry, kPlaces> entries_{};
 };
 
 }  // namespace Quarn

@@ -18,13 +18,9 @@ constexpr unsigned int kLowestPriority = 1;
 
 bool IsParenthesised(std::string_view text) { return text.front() == '(' && text.back() == ')'; }
 
-// Is the piece, without blanks around it, a leaf with balanced brackets? If not, an evaluation
-// tells what it is.
-[[gnu::noinline]] bool IsLeaf(const Piece& piece) {
-  Piece rest = piece.Trimmed();
-  if (rest.IsEmpty() || rest.GetText().front() == '(' || !rest.HasBalancedBrackets()) return false;
-  rest.CutBefore(CharacterClass::kOperator);
-  return rest.IsEmpty();
+// Is the piece a leaf with balanced brackets? If not, an evaluation tells what it is.
+bool IsLeaf(const Piece& trimmed) {
+  return !trimmed.IsEmpty() && trimmed.GetText().front() != '(' && trimmed.HoldsNoOperator();
 }
 
 }  // namespace
@@ -83,7 +79,7 @@ class Evaluation {
   std::uint8_t GetNextOperator() const;
   bool IsLastDue() const;
   bool ApplyLast();
-  void ApplyUnary(Pending last);
+  void ApplyUnary(std::size_t place, bool has_left);
   s_refptr<Symbol> TakeResult();
 
   // Does a value stand behind the last pending operator?
@@ -113,7 +109,8 @@ class Evaluation {
 };
 
 bool Evaluation::EnterLevel(const Piece& level) {
-  rest_ = level.Trimmed();
+  rest_ = level;
+  rest_.Trim();
   level_begin_ = rest_.GetBegin();
   level_end_ = rest_.GetEnd();
   if (!rest_.IsEmpty()) return rest_.CheckBrackets(error_);
@@ -127,7 +124,7 @@ bool Evaluation::OpenParenthesis() {
     return EnterLevel(operand_.Inside());
   }
   outermost_ = false;
-  work_.pending.push_back({Pending::kParenthesis, 0, false});
+  work_.pending.emplace_back(Pending::kParenthesis, std::uint8_t{0}, false);
   work_.outer.push_back(rest_);
   return EnterLevel(operand_.Inside());
 }
@@ -142,14 +139,14 @@ void Evaluation::CloseParenthesis() {
 bool Evaluation::ReadLeaf() {
   is_leaf_ = IsWhole();
   const s_str& name = is_leaf_ ? name_ : Symbol::NoName();
-  value_ = state_.EvaluateLeaf(operand_, name, error_, is_leaf_ && allow_new_symbol_);
+  state_.EvaluateLeaf(operand_, name, error_, is_leaf_ && allow_new_symbol_, value_);
   return HasValue();
 }
 
 void Evaluation::ReadOperator() {
   const std::uint8_t op = GetNextOperator();
   const auto priority = static_cast<std::uint8_t>(kPriorities[op].priority);
-  work_.pending.push_back({priority, op, HasValue()});
+  work_.pending.emplace_back(priority, op, HasValue());
   if (HasValue()) work_.values.push_back(std::move(value_));
   rest_.DropFirst();
 }
@@ -170,25 +167,26 @@ bool Evaluation::IsLastDue() const {
 // Operands may be references, and what those evaluate may come here again: see leaf.cpp about the
 // stack.
 [[gnu::always_inline]] inline bool Evaluation::ApplyLast() {
-  const Pending last = work_.pending.back();
+  const std::uint8_t op = work_.pending.back().op;
+  const bool has_left = work_.pending.back().has_left;
   work_.pending.pop_back();
-  if (last.has_left && HasValue()) {
+  if (has_left && HasValue()) {
     left_ = std::move(work_.values.back());
     work_.values.pop_back();
-    value_ = state_.ApplyBinary(last.op, left_, value_, error_);
+    value_ = state_.ApplyBinary(op, left_, value_, error_);
   } else {
-    ApplyUnary(last);
+    ApplyUnary(op, has_left);
   }
   if (!HasValue()) return false;
   if (!value_->GetName().IsEmpty()) value_->SetName(Symbol::NoName());
   return true;
 }
 
-[[gnu::noinline]] void Evaluation::ApplyUnary(Pending last) {
-  const std::string_view op = kPriorities[last.op].text;
+[[gnu::noinline]] void Evaluation::ApplyUnary(std::size_t place, bool has_left) {
+  const std::string_view op = kPriorities[place].text;
   if (HasValue()) {
     value_ = state_.ApplyRightUnaryOperator(op, std::move(value_), error_);
-  } else if (last.has_left) {
+  } else if (has_left) {
     left_ = std::move(work_.values.back());
     work_.values.pop_back();
     value_ = state_.ApplyLeftUnaryOperator(op, std::move(left_), error_);
@@ -206,7 +204,8 @@ s_refptr<Symbol> Evaluation::Run() {
   if (!EnterLevel(rest_)) return {};
   while (true) {
     // Blanks between two operators are nothing: they trim away from whichever side they fall to.
-    operand_ = rest_.CutBefore(CharacterClass::kOperator).Trimmed();
+    rest_.CutBefore(CharacterClass::kOperator, operand_);
+    operand_.Trim();
     if (!operand_.IsEmpty()) {
       if (IsParenthesised(operand_.GetText())) {
         if (!OpenParenthesis()) return {};
@@ -231,7 +230,12 @@ s_refptr<Symbol> State::Evaluate(const Piece& piece, const s_str& name, s_str& e
   const Depth::Level level(depth_);
   if (!level.IsGranted()) return {};
   // Most arguments and elements are a leaf each and need no more than this.
-  if (IsLeaf(piece)) return EvaluateLeaf(piece.Trimmed(), name, error, allow_new_symbol);
+  const Piece trimmed = piece.Trimmed();
+  if (IsLeaf(trimmed)) {
+    s_refptr<Symbol> value;
+    EvaluateLeaf(trimmed, name, error, allow_new_symbol, value);
+    return value;
+  }
   return Evaluation::Make(*this, piece, name, error, allow_new_symbol)->Run();
 }
 

@@ -43,13 +43,25 @@ std::uint32_t FindListEnd(const Piece& leaf, std::uint32_t open) {
   return true;
 }
 
+// The types of arguments that stand for themselves. False when there are too many, or one may stand
+// for another value.
+bool FindFixedTypes(const Values& arguments,
+                    std::array<const char*, FunctionDispatch::kArguments>& types) {
+  std::size_t count = 0;
+  for (const s_refptr<Symbol>& argument : arguments) {
+    if (count == types.size()) return false;
+    types[count] = argument->GetFixedType();
+    if (!types[count++]) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
-s_refptr<Symbol> State::EvaluateLeaf(const Piece& leaf, const s_str& name, s_str& error,
-                                     bool allow_new_symbol) {
-  s_refptr<Symbol> literal;
-  if (BuildLiteral(leaf, name, error, literal)) return literal;
-  return EvaluateNoLiteral(leaf, name, error, allow_new_symbol);
+void State::EvaluateLeaf(const Piece& leaf, const s_str& name, s_str& error, bool allow_new_symbol,
+                         s_refptr<Symbol>& value) {
+  if (BuildLiteral(leaf, name, error, value)) return;
+  value = EvaluateNoLiteral(leaf, name, error, allow_new_symbol);
 }
 
 s_refptr<Symbol> State::EvaluateNoLiteral(const Piece& leaf, const s_str& name, s_str& error,
@@ -142,30 +154,41 @@ bool State::BuildLiteral(const Piece& leaf, const s_str& name, s_str& error,
 [[gnu::noinline]] s_refptr<Symbol> State::CallOverload(const s_str& name,
                                                        const Registry<Function>& overloads,
                                                        CallLists& lists, s_str& error) {
+  FunctionDispatch::Key key{&overloads, {}};
+  const bool can_remember = FindFixedTypes(lists.arguments, key.types);
+  const Function* body = can_remember ? function_dispatch_.Find(key) : nullptr;
+  if (!body) {
+    body = FindOverload(name, overloads, lists.arguments, error);
+    if (!body) return {};
+    if (can_remember) function_dispatch_.Remember(key, body);
+  }
+  if (!(*body)(*this, lists.arguments, lists.results, error)) return {};
+  if (lists.results.GetSize() == s_uint(1U)) return std::move(*lists.results.begin());
+  AddError(error, messages::NotOneReturnValue());
+  return {};
+}
+
+// Resolves the arguments, each once and in order, and finds the overload for their types. Null,
+// with a message unless the nesting is too deep, when there is none.
+const Function* State::FindOverload(const s_str& name, const Registry<Function>& overloads,
+                                    Values& arguments, s_str& error) const {
   s_str signature = "(";
-  for (s_refptr<Symbol>& argument : lists.arguments) {
-    if (signature.GetSize() > s_uint(1U)) signature.Append(", ");
-    if (const char* type = argument->GetFixedType()) {
-      signature.Append(type);
-      continue;
-    }
+  std::string_view separator = "";
+  for (s_refptr<Symbol>& argument : arguments) {
     s_refptr<Symbol> resolved = Resolve(argument);
-    if (depth_.IsExhausted()) return {};
+    if (depth_.IsExhausted()) return nullptr;
+    signature.Append(separator);
     signature.Append(resolved ? resolved->GetType().GetView() : kReferenceType);
     if (resolved) argument = std::move(resolved);
+    separator = ", ";
   }
   signature += ')';
   const auto overload = overloads.find(signature);
-  if (overload == overloads.end()) {
-    s_ctnr<s_str> candidates;
-    for (const auto& [candidate, body] : overloads) candidates.PushBack(candidate);
-    AddError(error, messages::NoMatchingFunction(name, signature, candidates));
-    return {};
-  }
-  if (!overload->second(*this, lists.arguments, lists.results, error)) return {};
-  if (lists.results.GetSize() == s_uint(1U)) return *lists.results.begin();
-  AddError(error, messages::NotOneReturnValue());
-  return {};
+  if (overload != overloads.end()) return &overload->second;
+  s_ctnr<s_str> candidates;
+  for (const auto& [candidate, body] : overloads) candidates.PushBack(candidate);
+  AddError(error, messages::NoMatchingFunction(name, signature, candidates));
+  return nullptr;
 }
 
 [[gnu::noinline]] s_refptr<Symbol> State::Index(const Piece& leaf, std::uint32_t open,

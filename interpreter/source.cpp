@@ -62,13 +62,13 @@ Piece Piece::Behind(std::uint32_t position) const {
   return behind;
 }
 
-std::uint32_t Piece::FindBadBracket() const {
+std::uint32_t Piece::FindFrom(CharacterClass least) const {
   const char* text = source_->GetText().data();
   std::uint32_t bracket = bracket_;
   for (std::uint32_t i = begin_; i < end_; ++i) {
     const CharacterClass kind = Classify(text[i]);
-    if (kind < CharacterClass::kOpen) continue;
-    if (kind == CharacterClass::kClose) return i;
+    if (kind < least) continue;
+    if (kind != CharacterClass::kOpen) return i;
     const Bracket& open = source_->GetBracket(bracket);
     if (open.close >= end_) return i;
     i = open.close;
@@ -91,7 +91,7 @@ std::uint32_t Piece::FindClose(std::uint32_t open) const {
 
 bool Parts::Next(Piece& part) {
   while (!rest_.IsEmpty()) {
-    part = rest_.CutBefore(CharacterClass::kComma);
+    rest_.CutBefore(CharacterClass::kComma, part);
     if (!rest_.IsEmpty()) rest_.DropFirst();
     if (!part.IsEmpty()) return true;
   }

@@ -73,10 +73,13 @@ class Piece {
   // Without leading and trailing spaces. Tabs stay.
   Piece Trimmed() const {
     Piece trimmed = *this;
-    const char* text = source_->GetText().data();
-    while (trimmed.begin_ < trimmed.end_ && text[trimmed.begin_] == ' ') ++trimmed.begin_;
-    while (trimmed.begin_ < trimmed.end_ && text[trimmed.end_ - 1] == ' ') --trimmed.end_;
+    trimmed.Trim();
     return trimmed;
+  }
+  void Trim() {
+    const char* text = source_->GetText().data();
+    while (begin_ < end_ && text[begin_] == ' ') ++begin_;
+    while (begin_ < end_ && text[end_ - 1] == ' ') --end_;
   }
   // Without its first and last character. REQUIRES: the first is an opening bracket.
   Piece Inside() const;
@@ -87,15 +90,15 @@ class Piece {
   // Are the brackets balanced at the top level of this piece? If not, adds the one message.
   bool CheckBrackets(s_str& error) const {
     if (source_->IsPlain()) return true;
-    const std::uint32_t bad = FindBadBracket();
+    const std::uint32_t bad = FindFrom(CharacterClass::kOpen);
     return bad == end_ || FailOnBracket(bad, error);
   }
-  bool HasBalancedBrackets() const { return source_->IsPlain() || FindBadBracket() == end_; }
+  // Are its brackets balanced, and is there no operator between them?
+  bool HoldsNoOperator() const { return FindFrom(CharacterClass::kOperator) == end_; }
 
-  // Cuts off and returns what stands before the next character of the class at top level, and
-  // leaves the rest beginning with that character, or empty when there is none.
-  // REQUIRES: CheckBrackets.
-  Piece CutBefore(CharacterClass stop);
+  // Cuts off what stands before the next character of the class at top level, and leaves the rest
+  // beginning with that character, or empty when there is none.  REQUIRES: CheckBrackets.
+  void CutBefore(CharacterClass stop, Piece& cut);
   // Drops the first character. REQUIRES: not empty, and it opens no bracket.
   void DropFirst() { ++begin_; }
 
@@ -104,8 +107,9 @@ class Piece {
   std::uint32_t FindClose(std::uint32_t open) const;
 
  private:
-  // The first bracket at top level that closes none, or is not closed; the end when there is none.
-  std::uint32_t FindBadBracket() const;
+  // The first character at top level that is a bracket which closes none or is not closed, or of a
+  // class from the least one on; the end when there is none.
+  std::uint32_t FindFrom(CharacterClass least) const;
   bool FailOnBracket(std::uint32_t position, s_str& error) const;
   std::uint32_t SkipBracketsBefore(std::uint32_t position) const;
 
@@ -115,10 +119,13 @@ class Piece {
   std::uint32_t bracket_ = 0;
 };
 
-inline Piece Piece::CutBefore(CharacterClass stop) {
-  Piece cut = *this;
+inline void Piece::CutBefore(CharacterClass stop, Piece& cut) {
   const char* text = source_->GetText().data();
   std::uint32_t at = begin_;
+  // Member by member: what was just stored in parts is slow to load as a whole.
+  cut.source_ = source_;
+  cut.begin_ = at;
+  cut.bracket_ = bracket_;
   while (at < end_) {
     const CharacterClass kind = Classify(text[at]);
     if (kind == stop) break;
@@ -130,7 +137,6 @@ inline Piece Piece::CutBefore(CharacterClass stop) {
     ++at;
   }
   begin_ = cut.end_ = at;
-  return cut;
 }
 
 // The parts of a list between commas, one after the other; empty ones are left out, blank ones not.

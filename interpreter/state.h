@@ -22,6 +22,8 @@
 
 namespace Quarn {
 
+using FunctionDispatch = CallDispatch<Registry<Function>, Function>;
+
 class State {
  public:
   State();  // standard output and standard input
@@ -121,9 +123,9 @@ class State {
   static bool IsName(std::string_view text);
   static void AddUnary(UnaryRegistry& registry, std::initializer_list<UnaryRow> rows);
 
-  // The kinds of leaf; each gives null with a message when it fails.
-  s_refptr<Symbol> EvaluateLeaf(const Piece& leaf, const s_str& name, s_str& error,
-                                bool allow_new_symbol);
+  // The kinds of leaf; each gives null with a message when it fails. A value that comes in is null.
+  void EvaluateLeaf(const Piece& leaf, const s_str& name, s_str& error, bool allow_new_symbol,
+                    s_refptr<Symbol>& value);
   bool BuildLiteral(const Piece& leaf, const s_str& name, s_str& error, s_refptr<Symbol>& value);
   bool BuildOneOf(const std::vector<const TypeRow*>& types, const Piece& leaf, const s_str& name,
                   s_str& error, s_refptr<Symbol>& value);
@@ -133,6 +135,8 @@ class State {
   s_refptr<Symbol> Call(const Piece& leaf, std::uint32_t open, s_str& error);
   s_refptr<Symbol> CallOverload(const s_str& name, const Registry<Function>& overloads,
                                 CallLists& lists, s_str& error);
+  const Function* FindOverload(const s_str& name, const Registry<Function>& overloads,
+                               Values& arguments, s_str& error) const;
   s_refptr<Symbol> Index(const Piece& leaf, std::uint32_t open, std::uint32_t close,
                          const s_str& name, s_str& error);
 
@@ -153,6 +157,7 @@ class State {
   s_refptr<Symbol> Defer(std::string_view op, const Symbol& left, const Symbol& right);
 
   void ProcessCommand(std::string_view command);
+  void ProcessEquals(std::string_view before, std::string_view expression);
   void DefineReference(std::string_view name, std::string_view expression);
   void Assign(std::string_view name, std::string_view expression);
   void Declare(std::string_view name, std::string_view type);
@@ -176,6 +181,7 @@ class State {
   // The types that may have a literal beginning with a character, in ascending order.
   std::array<std::vector<const TypeRow*>, 256> literals_;
   Dispatch<BinaryOperator> binary_dispatch_;
+  FunctionDispatch function_dispatch_;
   Workspace workspace_;
   Depth depth_;
   s_str line_;  // room for the line of output that is being composed

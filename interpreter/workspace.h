@@ -15,6 +15,10 @@ namespace Quarn {
 struct Pending {
   static constexpr std::uint8_t kParenthesis = 0;  // below the priority of every operator
 
+  // Written and read member by member: a load of several waits for the stores of each.
+  Pending(std::uint8_t its_priority, std::uint8_t its_op, bool stands_behind_value)
+      : priority(its_priority), op(its_op), has_left(stands_behind_value) {}
+
   std::uint8_t priority;
   std::uint8_t op;  // place in kPriorities
   bool has_left;    // does a value stand before the operator?
@@ -33,7 +37,8 @@ struct Workspace {
   std::vector<Pending> pending;
   std::vector<Piece> outer;  // what follows each open parenthesis at its own level
   std::vector<s_refptr<Symbol>> values;
-  std::vector<std::unique_ptr<CallLists>> call_lists;  // those not in use
+  std::vector<std::unique_ptr<CallLists>> call_lists;  // of the calls in progress, then spare ones
+  std::size_t calls = 0;                               // in progress
   s_str unheard;  // the errors of evaluations that fail silently
 };
 
@@ -41,31 +46,32 @@ struct Workspace {
 class LentLists {
  public:
   explicit LentLists(Workspace& workspace) : workspace_(workspace) {
-    workspace.call_lists.reserve(kKept);
-    if (workspace.call_lists.empty()) {
-      lists_ = std::make_unique<CallLists>();
-      return;
+    if (workspace.calls == workspace.call_lists.size()) {
+      workspace.call_lists.push_back(std::make_unique<CallLists>());
     }
-    lists_ = std::move(workspace.call_lists.back());
-    workspace.call_lists.pop_back();
+    lists_ = workspace.call_lists[workspace.calls++].get();
   }
   ~LentLists() {
+    --workspace_.calls;
+    // Those of a deep nesting are not kept.
+    if (workspace_.calls >= kKept) {
+      workspace_.call_lists.pop_back();
+      return;
+    }
     lists_->arguments.Clear();
     lists_->results.Clear();
-    // Lists that find no room are simply let go.
-    if (workspace_.call_lists.size() < kKept) workspace_.call_lists.push_back(std::move(lists_));
   }
   LentLists(const LentLists&) = delete;
   LentLists& operator=(const LentLists&) = delete;
 
-  CallLists* operator->() const { return lists_.get(); }
+  CallLists* operator->() const { return lists_; }
   CallLists& operator*() const { return *lists_; }
 
  private:
-  static constexpr std::size_t kKept = 64;  // reserved ahead, so that giving back cannot fail
+  static constexpr std::size_t kKept = 64;
 
   Workspace& workspace_;
-  std::unique_ptr<CallLists> lists_;
+  CallLists* lists_;
 };
 
 }  // namespace Quarn

@@ -100,10 +100,13 @@ Rounded RoundTo15Digits(double value) {
 }
 
 char* WriteFixed(char* out, const Rounded& number) {
-  char digits[kDigits];
-  WriteDigits(digits, number.digits, kDigits);
+  // Zeros at the end go, but for those before the full stop.
+  std::uint64_t significant = number.digits;
   int count = kDigits;
-  while (digits[count - 1] == '0') --count;
+  for (; significant % 100 == 0; count -= 2) significant /= 100;
+  for (; significant % 10 == 0; --count) significant /= 10;
+  char digits[kDigits + 1] = "000000000000000";
+  WriteDigits(digits, significant, count);
   const int whole = number.exponent + 1;  // digits before the full stop
   if (whole <= 0) {
     std::memcpy(out, "0.0000", 6);

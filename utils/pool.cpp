@@ -1,29 +1,66 @@
 #include "utils/pool.h"
 
-namespace Quarn {
+#include <unistd.h>
 
-constinit thread_local Pool::FreeLists Pool::lists_{};
+#include <mutex>
+
+namespace Quarn {
+namespace {
+
+constexpr std::size_t kSlabBytes = 4096;
+
+// Guards what ended threads left behind. Never destroyed, since a thread may end late.
+std::mutex& GetMutex() {
+  static auto* mutex = new std::mutex;
+  return *mutex;
+}
+
+}  // namespace
+
+constinit thread_local Pool::Lists Pool::lists_{};
+constinit Pool::Lists Pool::left_behind_{};
+
+void Pool::Splice(Lists& from, Lists& to) {
+  for (std::size_t i = 0; i < kSizes; ++i) {
+    if (!from.free[i]) continue;
+    Block* last = from.free[i];
+    while (last->next) last = last->next;
+    last->next = to.free[i];
+    to.free[i] = from.free[i];
+    from.free[i] = nullptr;
+  }
+}
 
 struct Pool::AtThreadExit {
+  AtThreadExit() {
+    const std::lock_guard lock(GetMutex());
+    Splice(left_behind_, lists_);
+  }
   ~AtThreadExit() {
-    for (Block*& head : lists_.head) {
-      while (head) {
-        Block* next = head->next;
-        ::operator delete(head);
-        head = next;
-      }
-    }
+    // With the main thread the process ends, and nobody begins any more.
+    if (getpid() == gettid()) return;
+    const std::lock_guard lock(GetMutex());
+    Splice(lists_, left_behind_);
   }
 };
+
+void Pool::CutSlab(std::size_t index) {
+  const std::size_t bytes = (index + 1) * kStep;
+  char* slab = static_cast<char*>(::operator new(kSlabBytes));
+  for (std::size_t at = kSlabBytes / bytes; at-- > 0;) {
+    lists_.free[index] = new (slab + at * bytes) Block{lists_.free[index]};
+  }
+}
 
 void* Pool::AllocateFresh(std::size_t size) {
   const std::size_t index = Index(size);
   if (!kPooled || index >= kSizes) return ::operator new(size);
-  if (!lists_.freed_at_exit) {
+  if (!lists_.left_at_exit) {
     static thread_local AtThreadExit at_thread_exit;
-    lists_.freed_at_exit = true;
+    lists_.left_at_exit = true;
   }
-  return ::operator new((index + 1) * kStep);
+  if (!lists_.free[index]) CutSlab(index);
+  return Allocate(size);
 }
 
 }  // namespace Quarn
