@@ -67,10 +67,13 @@ void State::EvaluateLeaf(const Piece& leaf, const s_str& name, s_str& error, boo
 s_refptr<Symbol> State::EvaluateNoLiteral(const Piece& leaf, const s_str& name, s_str& error,
                                           bool allow_new_symbol) {
   const std::string_view text = leaf.GetText();
-  if (const s_refptr<Symbol>* symbol = symbols_.Find(text)) {
-    return CopySymbol(**symbol, name, error);
-  }
-  if (IsName(text)) {
+  // Nothing else is ever in the table; looking for a long call at each level of its nesting would
+  // cost its length each time.
+  const bool is_name = IsName(text);
+  const s_refptr<Symbol>* symbol =
+      is_name || text == SymbolTable::kLastResult ? symbols_.Find(text) : nullptr;
+  if (symbol) return CopySymbol(**symbol, name, error);
+  if (is_name) {
     return allow_new_symbol && name.IsEmpty() ? NewSymbol(text)
                                               : Fail(error, messages::UnknownSymbol, text);
   }
