@@ -71,10 +71,14 @@ s_refptr<Symbol> State::EvaluateLeaf(const Piece& leaf, const s_str& name, s_str
     return BuildFromCopy(*this, *type, name, text, error);
   }
   if (ambiguous) return FailAsAmbiguous(text, error);
-  if (const s_refptr<Symbol>* symbol = symbols_.Find(text)) {
-    return CopySymbol(**symbol, name, error);
+  const bool is_name = IsName(text);
+  // Nothing else is ever in the table; looking for a long call at each level of its nesting would
+  // cost its length each time.
+  if (is_name || text == "_") {
+    const s_refptr<Symbol>* symbol = symbols_.Find(text);
+    if (symbol) return CopySymbol(**symbol, name, error);
   }
-  if (IsName(text)) {
+  if (is_name) {
     return allow_new_symbol && name.IsEmpty() ? NewSymbol(text)
                                               : Fail(error, messages::UnknownSymbol, text);
   }
