@@ -1,0 +1,35 @@
+# Makes sure that programs and packages are there. To be sourced by the scripts beside it.
+#   install_missing c++:g++ /usr/include/gtest/gtest.h:libgtest-dev
+# Each argument names what shows that a package is installed, a command or a file, and the package.
+# Nothing is asked from the network when all is there.
+
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then
+    "$@"
+  elif command -v sudo >/dev/null; then
+    sudo "$@"
+  else
+    echo "Missing: $missing. To install them, run this as root or install sudo." >&2
+    return 1
+  fi
+}
+
+is_there() {
+  case $1 in
+    /*) [ -e "$1" ] ;;
+    *) command -v "$1" >/dev/null ;;
+  esac
+}
+
+install_missing() {
+  missing=
+  for need in "$@"; do
+    is_there "${need%%:*}" || missing="$missing ${need##*:}"
+  done
+  [ -n "$missing" ] || return 0
+  # What is installed is told on standard error: standard output is the program's.
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get update </dev/null >&2
+  # The list is unquoted, to be split into words.
+  as_root env DEBIAN_FRONTEND=noninteractive \
+    apt-get install --yes --no-install-recommends $missing </dev/null >&2
+}

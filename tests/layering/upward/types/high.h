@@ -1,0 +1,2 @@
+#pragma once
+#include "utils/low.h"

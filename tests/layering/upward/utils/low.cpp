@@ -1,0 +1,2 @@
+#include "main.h"
+#include "utils/low.h"

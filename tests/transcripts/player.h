@@ -1,0 +1,22 @@
+// Plays a page with the program, turn by turn: nothing is typed before what comes ahead of it was
+// read, so that a prompt or a question that waits in a buffer is noticed too.
+//   PlayAtPrompt("build/mirlow", page);  // "", or what was different
+// Output that stays away is waited for, as long as there is patience.
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include "tests/transcripts/page.h"
+
+namespace Quarn {
+
+// At the prompt: every line is typed there, and "q" after the last.
+std::string PlayAtPrompt(const std::string& program, const Page& page,
+                         std::chrono::milliseconds patience = std::chrono::minutes(1));
+
+// From a script with all typed lines; the answers come through standard input.
+std::string PlayAsScript(const std::string& program, const Page& page,
+                         std::chrono::milliseconds patience = std::chrono::minutes(1));
+
+}  // namespace Quarn

@@ -1,0 +1,33 @@
+// Tests of the player: a page that is right plays in both modes, and one that is not is reported.
+#include "tests/transcripts/player.h"
+
+#include <gtest/gtest.h>
+
+namespace Quarn {
+namespace {
+
+std::string Play(const char* text, std::chrono::milliseconds patience = std::chrono::minutes(1)) {
+  const Page page = ReadPage(text);
+  return PlayAtPrompt(MIRLOW_PROGRAM, page, patience) +
+         PlayAsScript(MIRLOW_PROGRAM, page, patience);
+}
+
+TEST(Player, FindsNoDifferenceInARightPage) {
+  EXPECT_EQ(Play("> 1+1\n\tScalar : 2\n"), "");
+  EXPECT_EQ(Play("> // nothing\n"), "");
+}
+
+TEST(Player, NoticesEveryDifference) {
+  const char* const kWrong[] = {
+      "> 1+1\n\tScalar : 3\n",                 // other output
+      "> 1+1\n\tScalar : 2\n\n",               // less output
+      "> 1+1\n",                               // more output
+      "> 1+1\n\tScalar : 2\n(dies)\n",         // it lives on
+      "> !0\n",                                // it dies
+      "> 1\n\tScalar : 1\n(never returns)\n",  // it returns
+  };
+  for (const char* page : kWrong) EXPECT_NE(Play(page, std::chrono::seconds(1)), "") << page;
+}
+
+}  // namespace
+}  // namespace Quarn
