@@ -82,4 +82,20 @@ void ExpectValues(Session& session, const ValueRow (&rows)[N]) {
   }
 }
 
+// A row of a table of expressions whose operator finds no implementation: the operator between the
+// types, then between the texts.
+struct NoMatchRow {
+  std::string expression;
+  std::string types;
+  std::string texts;
+};
+template <std::size_t N>
+void ExpectNoMatches(Session& session, const NoMatchRow (&rows)[N]) {
+  for (const NoMatchRow& row : rows) {
+    EXPECT_EQ(session.Evaluate(row.expression),
+              "\tError : No match for operator '" + row.types + "' in :\n\t        \t" + row.texts)
+        << row.expression;
+  }
+}
+
 }  // namespace Quarn
