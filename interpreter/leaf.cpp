@@ -71,10 +71,11 @@ s_refptr<Symbol> State::EvaluateLeaf(const Piece& leaf, const s_str& name, s_str
     return BuildFromCopy(*this, *type, name, text, error);
   }
   if (ambiguous) return FailAsAmbiguous(text, error);
-  if (const s_refptr<Symbol>* symbol = symbols_.Find(text)) {
-    return CopySymbol(**symbol, name, error);
-  }
-  if (IsName(text)) {
+  const bool is_name = IsName(text);
+  // Nothing else is ever a key, and what is no name may be long.
+  const s_refptr<Symbol>* symbol = is_name || text == "_" ? symbols_.Find(text) : nullptr;
+  if (symbol) return CopySymbol(**symbol, name, error);
+  if (is_name) {
     return allow_new_symbol && name.IsEmpty() ? NewSymbol(text)
                                               : Fail(error, messages::UnknownSymbol, text);
   }

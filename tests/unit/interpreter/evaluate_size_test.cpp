@@ -87,6 +87,14 @@ TEST(DeepExpression, TooDeepIsOneErrorAndTheNextCommandWorks) {
   }
 }
 
+TEST(DeepExpression, FailsAtOnceHoweverLongItIs) {
+  Session session;
+  for (const char* opening : {"round(", "<", "<1>[", "min(1, "}) {
+    const std::string closing = std::string(opening) == "<" ? ">" : opening[3] == '[' ? "]" : ")";
+    EXPECT_LT(SecondsOf(session, Nest(opening, "1", closing, kTooManyLevels)), 0.5) << opening;
+  }
+}
+
 TEST(DeepExpression, TheErrorStandsBehindThoseThatWereThere) {
   Session session;
   s_str error = "\tError : before";
