@@ -1,0 +1,85 @@
+// Tests of the adapters from plain functions on numbers to the callables of the registries.
+#include "types/lift.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "tests/support/session.h"
+
+namespace Quarn {
+namespace {
+
+double Seven() { return 7; }
+double Twice(double x) { return 2 * x; }
+double Difference(double x, double y) { return x - y; }
+double Weigh(double x, double y, double z) { return x + 10 * y + 100 * z; }
+
+double Call(const Function& function, const Values& arguments) {
+  Session session;
+  Values results;
+  s_str error;
+  EXPECT_TRUE(function(session.GetState(), arguments, results, error));
+  EXPECT_EQ(results.GetSize().Get(), 1U);
+  EXPECT_EQ(results[0U]->GetName().Get(), "");
+  EXPECT_EQ(error.Get(), "");
+  return NumberOf(*results[0U]);
+}
+
+TEST(Lift, ANumberBecomesAnUnnamedScalar) {
+  const s_refptr<Symbol> number = NewNumber(2.5);
+  EXPECT_EQ(number->GetType().Get(), "Scalar");
+  EXPECT_EQ(number->GetName().Get(), "");
+  EXPECT_EQ(NumberOf(*number), 2.5);
+}
+
+TEST(Lift, OperatorsTakeTheirOperandsInOrder) {
+  s_str error;
+  EXPECT_EQ(NumberOf(*Unary(Twice)(NewNumber(3), error)), 6);
+  EXPECT_EQ(NumberOf(*Unary(std::negate<double>())(NewNumber(3), error)), -3);
+  EXPECT_EQ(NumberOf(*Binary(Difference)(NewNumber(5), NewNumber(3), error)), 2);
+  EXPECT_EQ(error.Get(), "");
+}
+
+TEST(Lift, FunctionsTakeAsManyNumbersAsTheyHaveParameters) {
+  EXPECT_EQ(Call(OfNumbers(Seven), {}), 7);
+  EXPECT_EQ(Call(OfNumbers(Twice), {NewNumber(3)}), 6);
+  EXPECT_EQ(Call(OfNumbers(Difference), {NewNumber(5), NewNumber(3)}), 2);
+  EXPECT_EQ(Call(OfNumbers(Weigh), {NewNumber(1), NewNumber(2), NewNumber(3)}), 321);
+}
+
+TEST(Lift, CopyKeepsTheName) {
+  s_str error;
+  const s_refptr<Symbol> x(new Scalar("x", 1));
+  const s_refptr<Symbol> copy = Copy(x, error);
+  EXPECT_NE(copy.Get(), x.Get());
+  EXPECT_EQ(copy->ToString().Get(), "x = 1");
+}
+
+State* seen = nullptr;
+
+s_refptr<Symbol> FailUnary(State& state, const s_refptr<Symbol>& operand, s_str& error) {
+  seen = &state;
+  error += operand->ToString();
+  return {};
+}
+
+s_refptr<Symbol> TakeRight(State& state, const s_refptr<Symbol>&, const s_refptr<Symbol>& right,
+                           s_str&) {
+  seen = &state;
+  return right;
+}
+
+TEST(Lift, OnHandsOverTheState) {
+  Session session;
+  s_str error;
+  EXPECT_FALSE(On(session.GetState(), FailUnary)(NewNumber(3), error));
+  EXPECT_EQ(error.Get(), "3");
+  EXPECT_EQ(seen, &session.GetState());
+  seen = nullptr;
+  EXPECT_EQ(NumberOf(*On(session.GetState(), TakeRight)(NewNumber(3), NewNumber(4), error)), 4);
+  EXPECT_EQ(seen, &session.GetState());
+}
+
+}  // namespace
+}  // namespace Quarn
