@@ -2,7 +2,7 @@
 // it follows the symbols that it names, in value and in type. It keeps nothing of an evaluation,
 // and an expression that fails makes no noise: the reference then shows its text. An empty
 // expression makes a null reference, which shows as "null".
-//   x=1;r=&x+1;x=5;r  // 6
+//   x=1;r&=x+1;x=5;r  // 6
 // It evaluates in the State that made it, which owns every symbol table it may stand in.
 #pragma once
 
