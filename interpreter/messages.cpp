@@ -40,7 +40,7 @@ s_str EmptySymbol() { return "\tError : Empty symbol"; }
 s_str AmbiguousConstructor(std::string_view text, const s_ctnr<s_str>& types) {
   s_str message =
       Join("\tError : Ambiguous constructor : '", text, "'.\n\t        Possible candidates : ");
-  std::string_view separator = "";
+  std::string_view separator;
   for (const s_str& type : types) {
     message.Append(separator).Append(type.GetView());
     separator = ", ";

@@ -59,7 +59,7 @@ void State::AddFunctions(std::initializer_list<FunctionRow> rows) {
 
 void State::AddFunction(const s_str& name, const s_ctnr<s_str>& argument_types, Function body) {
   s_str signature = "(";
-  std::string_view separator = "";
+  std::string_view separator;
   for (const s_str& type : argument_types) {
     signature.Append(separator).Append(type.GetView());
     separator = ", ";

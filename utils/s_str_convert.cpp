@@ -61,7 +61,8 @@ std::string_view TakeNumber(std::string_view text) {
     return at < text.size() && (text[at] == a || text[at] == b);
   };
   if (is('+', '-')) ++at;
-  bool digit = false, point = false;
+  bool digit = false;
+  bool point = false;
   for (; at < text.size() && (IsDigit(text[at]) || (!point && text[at] == '.')); ++at) {
     (text[at] == '.' ? point : digit) = true;
   }

@@ -18,7 +18,7 @@ constexpr double kPeriod = 1.0;
 
 // NaN while nothing was summed; a sum that is no number stays what it is.
 s_uint Mean(s_uint sum, s_uint count) {
-  if (count.IsNull()) return s_uint::NaN;
+  if (count.Get() == 0) return s_uint::NaN;
   return sum.IsValid() ? s_uint(sum.Get() / count.Get()) : sum;
 }
 
@@ -131,7 +131,9 @@ s_int TimeManager::SeedRandom() {
 
 s_str FormatPlayTime(s_double seconds) {
   const s_uint total = seconds.Floor().ToUint();
-  s_uint hours = total, minutes = total, rest = total;  // the state of one that is no number
+  s_uint hours = total;  // the state of one that is no number
+  s_uint minutes = total;
+  s_uint rest = total;
   if (total.IsValid()) {
     hours = total.Get() / 3600;
     minutes = total.Get() / 60 % 60;
