@@ -99,6 +99,11 @@ class Piece {
   // Cuts off what stands before the next character of the class at top level, and leaves the rest
   // beginning with that character, or empty when there is none.  REQUIRES: CheckBrackets.
   void CutBefore(CharacterClass stop, Piece& cut);
+  Piece CutBefore(CharacterClass stop) {
+    Piece cut;
+    CutBefore(stop, cut);
+    return cut;
+  }
   // Drops the first character. REQUIRES: not empty, and it opens no bracket.
   void DropFirst() { ++begin_; }
 

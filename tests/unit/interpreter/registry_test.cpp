@@ -36,8 +36,8 @@ TEST(Registry, ATypeNeedsNothingButANameAndACreator) {
   EXPECT_EQ(row.create("x")->ToString().Get(), "x");
   EXPECT_EQ(row.is_literal, nullptr);
   EXPECT_EQ(row.create_from, nullptr);
-  EXPECT_EQ(row.is_literal_in_place, nullptr);
-  EXPECT_EQ(row.create_from_piece, nullptr);
+  EXPECT_EQ(row.build_in_place, nullptr);
+  EXPECT_EQ(row.literal_starts, "");
 }
 
 }  // namespace

@@ -201,15 +201,14 @@ TEST(Scalar, BuildsFromTextsWithSignsAndBlanks) {
   for (const ValueRow& row : kRows) {
     s_str error;
     EXPECT_TRUE(type.is_literal(row.expression)) << row.expression;
-    EXPECT_TRUE(type.is_literal_in_place(row.expression)) << row.expression;
     const s_refptr<Symbol> value = type.create_from(session.GetState(), "x", row.expression, error);
     EXPECT_EQ(value->ToString().Get(), row.value) << row.expression;
     EXPECT_EQ(error.Get(), "");
     BracketRoom room;
     const Source source(row.expression, room);
-    EXPECT_EQ(
-        type.create_from_piece(session.GetState(), "x", Piece(source), error)->ToString().Get(),
-        row.value);
+    s_refptr<Symbol> built;
+    EXPECT_TRUE(type.build_in_place(session.GetState(), "x", Piece(source), error, built));
+    EXPECT_EQ(built->ToString().Get(), row.value);
   }
 }
 

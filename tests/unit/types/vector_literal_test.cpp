@@ -136,11 +136,9 @@ TEST(VectorLiteral, IsAnyTextBetweenAngleBrackets) {
   const TypeRow& type = session.GetState().GetTypes().find(std::string_view("Vector"))->second;
   for (const char* text : {"<>", "<1>", "<a><b>", "<(>"}) {
     EXPECT_TRUE(type.is_literal(text)) << text;
-    EXPECT_TRUE(type.is_literal_in_place(text)) << text;
   }
   for (const char* text : {"", "<", ">", "1", "<1> ", " <1>", "a<1>", "<1>a"}) {
     EXPECT_FALSE(type.is_literal(text)) << text;
-    EXPECT_FALSE(type.is_literal_in_place(text)) << text;
   }
 }
 
