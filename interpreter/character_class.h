@@ -31,6 +31,19 @@ inline constexpr auto kCharacterClasses = [] {
   return classes;
 }();
 
+// The place of a bracket among the brackets of its side.
+constexpr std::size_t GetBracketKind(char c) {
+  if (c == '(' || c == ')') return 0;
+  return c == '<' || c == '>' ? 1 : 2;
+}
+static_assert([] {
+  for (std::size_t kind = 0; kind < kOpeningBrackets.size(); ++kind) {
+    if (GetBracketKind(kOpeningBrackets[kind]) != kind) return false;
+    if (GetBracketKind(kClosingBrackets[kind]) != kind) return false;
+  }
+  return true;
+}());
+
 inline CharacterClass Classify(char c) { return kCharacterClasses[static_cast<unsigned char>(c)]; }
 
 }  // namespace Quarn

@@ -142,8 +142,8 @@ bool State::BuildLiteral(const Piece& leaf, const s_str& name, s_str& error,
 [[gnu::noinline]] s_refptr<Symbol> State::Call(const Piece& leaf, std::uint32_t open,
                                                s_str& error) {
   const std::string_view name = TrimSpaces(leaf.Before(open).GetText());
-  const auto function = functions_.find(name);
-  if (function == functions_.end()) return Fail(error, messages::UndefinedFunction, name);
+  const auto found = function_index_.find(name);
+  if (found == function_index_.end()) return Fail(error, messages::UndefinedFunction, name);
   const LentLists lists(workspace_);
   lists->part = FindList(leaf, open);
   if (!lists->part.CheckBrackets(error)) return {};
@@ -151,7 +151,7 @@ bool State::BuildLiteral(const Piece& leaf, const s_str& name, s_str& error,
   while (lists->parts.Next(lists->part)) {
     if (!Add(lists->arguments, Evaluate(lists->part, Symbol::NoName(), error))) return {};
   }
-  return CallOverload(function->first, function->second, *lists, error);
+  return CallOverload(found->second->first, found->second->second, *lists, error);
 }
 
 [[gnu::noinline]] s_refptr<Symbol> State::CallOverload(const s_str& name,

@@ -18,11 +18,11 @@ void Source::Match() {
     const CharacterClass kind = Classify(text_[i]);
     if (kind < CharacterClass::kOpen) continue;
     if (kind == CharacterClass::kOpen) {
-      std::uint32_t& top = innermost[kOpeningBrackets.find(text_[i])];
+      std::uint32_t& top = innermost[GetBracketKind(text_[i])];
       room_.push_back({static_cast<std::uint32_t>(i), Bracket::kOpenEnd, top});
       top = count_++;
     } else {
-      std::uint32_t& top = innermost[kClosingBrackets.find(text_[i])];
+      std::uint32_t& top = innermost[GetBracketKind(text_[i])];
       if (top == Bracket::kOpenEnd) continue;
       Bracket& bracket = room_[base_ + top];
       top = bracket.next;
@@ -34,6 +34,7 @@ void Source::Match() {
 
 Piece Piece::Inside() const {
   Piece inside = *this;
+  inside.holds_no_operator_ = false;
   ++inside.begin_;
   ++inside.bracket_;
   // A lone bracket holds nothing.
@@ -51,12 +52,14 @@ std::uint32_t Piece::SkipBracketsBefore(std::uint32_t position) const {
 
 Piece Piece::Before(std::uint32_t position) const {
   Piece before = *this;
+  before.holds_no_operator_ = false;
   before.end_ = position;
   return before;
 }
 
 Piece Piece::Behind(std::uint32_t position) const {
   Piece behind = *this;
+  behind.holds_no_operator_ = false;
   behind.begin_ = position + 1;
   behind.bracket_ = SkipBracketsBefore(position + 1);
   return behind;

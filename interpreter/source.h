@@ -94,7 +94,9 @@ class Piece {
     return bad == end_ || FailOnBracket(bad, error);
   }
   // Are its brackets balanced, and is there no operator between them?
-  bool HoldsNoOperator() const { return FindFrom(CharacterClass::kOperator) == end_; }
+  bool HoldsNoOperator() const {
+    return holds_no_operator_ || FindFrom(CharacterClass::kOperator) == end_;
+  }
 
   // Cuts off what stands before the next character of the class at top level, and leaves the rest
   // beginning with that character, or empty when there is none.  REQUIRES: CheckBrackets.
@@ -122,6 +124,7 @@ class Piece {
   std::uint32_t begin_ = 0;
   std::uint32_t end_ = 0;
   std::uint32_t bracket_ = 0;
+  bool holds_no_operator_ = false;  // known from when it was cut off
 };
 
 inline void Piece::CutBefore(CharacterClass stop, Piece& cut) {
@@ -131,9 +134,11 @@ inline void Piece::CutBefore(CharacterClass stop, Piece& cut) {
   cut.source_ = source_;
   cut.begin_ = at;
   cut.bracket_ = bracket_;
+  bool operator_met = false;
   while (at < end_) {
     const CharacterClass kind = Classify(text[at]);
     if (kind == stop) break;
+    operator_met |= kind == CharacterClass::kOperator;
     if (kind == CharacterClass::kOpen) {
       const Bracket& open = source_->GetBracket(bracket_);
       at = open.close;
@@ -142,6 +147,7 @@ inline void Piece::CutBefore(CharacterClass stop, Piece& cut) {
     ++at;
   }
   begin_ = cut.end_ = at;
+  cut.holds_no_operator_ = !operator_met;
 }
 
 // The parts of a list between commas, one after the other; empty ones are left out, blank ones not.

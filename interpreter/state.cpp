@@ -65,7 +65,9 @@ void State::AddFunction(const s_str& name, const s_ctnr<s_str>& argument_types, 
     separator = ", ";
   }
   signature += ')';
-  functions_[name][signature] = std::move(body);
+  const auto function = functions_.try_emplace(name).first;
+  function->second[signature] = std::move(body);
+  function_index_[function->first.GetView()] = &*function;
 }
 
 }  // namespace Quarn

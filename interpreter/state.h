@@ -12,6 +12,7 @@
 #include <array>
 #include <initializer_list>
 #include <iosfwd>
+#include <unordered_map>
 #include <vector>
 
 #include "interpreter/depth.h"
@@ -177,6 +178,9 @@ class State {
   UnaryRegistry left_unary_;
   UnaryRegistry right_unary_;
   FunctionRegistry functions_;
+  // The same by name, for calls.
+  std::unordered_map<std::string_view, const FunctionRegistry::value_type*, TextHash, TextEqual>
+      function_index_;
 
   // The types that may have a literal beginning with a character, in ascending order.
   std::array<std::vector<const TypeRow*>, 256> literals_;

@@ -8,6 +8,7 @@
 
 #include "interpreter/symbol.h"
 #include "utils/s_ctnr.h"
+#include "utils/text_hash.h"
 
 namespace Quarn {
 
@@ -47,26 +48,7 @@ class SymbolTable {
   s_ctnr<s_str> GetNames() const;
 
  private:
-  struct Hash {
-    using is_transparent = void;
-    // Names are short: byte by byte is quicker than the general hash.
-    std::size_t operator()(std::string_view text) const {
-      std::size_t hash = 0;
-      for (char c : text) {
-        hash = (hash ^ static_cast<unsigned char>(c)) * 0x9E3779B97F4A7C15U;
-      }
-      return hash ^ (hash >> 32);
-    }
-    std::size_t operator()(const s_str& text) const { return (*this)(text.GetView()); }
-  };
-  struct Equal {
-    using is_transparent = void;
-    bool operator()(const s_str& a, const s_str& b) const { return a.GetView() == b.GetView(); }
-    bool operator()(const s_str& a, std::string_view b) const { return a.GetView() == b; }
-    bool operator()(std::string_view a, const s_str& b) const { return a == b.GetView(); }
-  };
-
-  std::unordered_map<s_str, s_refptr<Symbol>, Hash, Equal> symbols_;
+  std::unordered_map<s_str, s_refptr<Symbol>, TextHash, TextEqual> symbols_;
   s_refptr<Symbol> last_result_;
 };
 
