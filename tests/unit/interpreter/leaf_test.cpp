@@ -135,6 +135,27 @@ TEST(Call, FindsTheOverloadByTheTypesOfItsArguments) {
   EXPECT_EQ(session.Evaluate("f(1, null)"), NoCall("f(Scalar, Reference)", candidates));
 }
 
+TEST(Call, HandsOverValuesForReferences) {
+  Session session;
+  std::string handed;
+  const auto note = [&handed](State&, const Values& arguments, Values& results, s_str&) -> s_bool {
+    handed.clear();
+    for (const s_refptr<Symbol>& argument : arguments) {
+      handed += argument->GetDeclaredType().Get() + " " + argument->ToString().Get() + ";";
+    }
+    results.PushBack(NewNumber(0));
+    return true;
+  };
+  session.GetState().AddFunction("f", {"Scalar", "Vector", "Scalar"}, note);
+  session.GetState().AddFunction("f", {"Reference"}, note);
+  session.Type("r&=s+1;s=1;v&=<s, &s>;dead&=zz+1");
+  EXPECT_EQ(session.Evaluate("f(r, v, &r)"), "Scalar : 0");
+  EXPECT_EQ(handed, "Scalar 2;Vector <1, 1>;Scalar 2;");
+  EXPECT_EQ(session.Evaluate("min(r, 5)+max(&s, 0)"), "Scalar : 3");
+  EXPECT_EQ(session.Evaluate("f(dead)"), "Scalar : 0");
+  EXPECT_TRUE(handed.starts_with("Reference ")) << handed;
+}
+
 TEST(Call, ListsTheCandidatesWithoutAFinalNewline) {
   Session session;
   session.Type("dead&=zz");
