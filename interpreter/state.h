@@ -168,6 +168,7 @@ class State {
 
   void Define(const s_str& name, const s_str& type, const s_refptr<Symbol>& value);
   bool PassesNameCheck(std::string_view name);
+  void Print(std::string_view text);
   void PrintMessage(s_str message);
   void PrintValue(std::string_view before, std::string_view type, const Symbol& value);
 
