@@ -16,6 +16,7 @@
 
 #include "interpreter/depth.h"
 #include "interpreter/dispatch.h"
+#include "interpreter/embedding.h"
 #include "interpreter/registry.h"
 #include "interpreter/symbol_table.h"
 #include "interpreter/workspace.h"
@@ -40,6 +41,19 @@ class State {
   // Writes out what was printed so far: for work that may never come back.
   void Flush();
   void PrintHelp();
+
+  // ---- For a host program: nothing of this prints; values as plain C++ are in types/value.h ----
+
+  // What an expression comes to. Changes nothing, not even the last result.
+  Result Compute(std::string_view expression);
+  // The value of a symbol, "_" included; null when no symbol bears the name. It stays the symbol's:
+  // Clone it to change it.
+  s_refptr<Symbol> GetSymbol(std::string_view name) const;
+  // Gives a name a copy of the value, in place of any that it had, and returns that copy. Fails for
+  // a name that no symbol may bear. Leaves the last result.  REQUIRES: the value is not null.
+  Result SetSymbol(std::string_view name, const s_refptr<Symbol>& value);
+  // False when no symbol bears the name. The last result is always there and cannot be erased.
+  bool EraseSymbol(std::string_view name);
 
   // ---- Expressions ----
 
