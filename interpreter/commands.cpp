@@ -114,7 +114,9 @@ void State::DeleteAll() {
   // At the end of input the answer is empty, as if Enter had been pressed.
   std::getline(in_, answer);
   if (answer.empty() || answer == "y" || answer == "Y") {
+    const s_refptr<Symbol> nothing = NewReference(*this, Symbol::NoName(), "");
     symbols_.Clear();
+    symbols_.SetLastResult(nothing);  // never absent, even if memory runs out from here on
     PrintMessage("\tAll symbols erased");
   }
   SetLastResult({});

@@ -194,7 +194,8 @@ class State {
   FunctionRegistry functions_;
 
   // The types that may have a literal beginning with a character, in ascending order.
-  std::array<std::vector<const TypeRow*>, 256> literals_;
+  using LiteralTypes = std::array<std::vector<const TypeRow*>, 256>;
+  LiteralTypes literals_;
   Dispatch<BinaryOperator> binary_dispatch_;
   FunctionDispatch function_dispatch_;
   Workspace workspace_;
