@@ -24,7 +24,7 @@ elseif(IS_ABSOLUTE ${kind})
 else()
   run(${CMAKE_COMMAND} -S ${consumers}/${kind} -B ${directory} -DCMAKE_CXX_COMPILER=${compiler}
     -DCMAKE_PREFIX_PATH=${prefix} -DMIRLOW_SOURCE=${source} -DFETCHCONTENT_FULLY_DISCONNECTED=ON)
-  run(${CMAKE_COMMAND} --build ${directory} --target consumer)
+  run(${CMAKE_COMMAND} --build ${directory})
 endif()
 
 execute_process(COMMAND ${directory}/consumer OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
