@@ -32,6 +32,7 @@ class Holder : public Symbol {
   explicit Holder(const s_str& name) : Holder(name, Payload()) {}
   Holder(const s_str& name, Payload payload) : Symbol(name), payload_(std::move(payload)) {}
 
+  // What the value holds.
   const Payload& GetPayload() const { return payload_; }
 
   // "90deg", and "a = 90deg" for a symbol.
@@ -53,6 +54,7 @@ class Holder : public Symbol {
 // Holder is brought in by a specialisation.
 template <class Own>
 struct Payloads {
+  // Out of a value of the class, and into a new temporary.
   static const auto& Of(const Symbol& value) { return static_cast<const Own&>(value).GetPayload(); }
   template <class Payload>
   static s_refptr<Symbol> New(Payload&& payload) {
@@ -62,12 +64,14 @@ struct Payloads {
 // The payload of a Scalar is a double.
 template <>
 struct Payloads<Scalar> {
+  // As for any class.
   static double Of(const Symbol& value) { return NumberOf(value); }
   static s_refptr<Symbol> New(double number) { return NewNumber(number); }
 };
 // The payload of a Vector are its elements.
 template <>
 struct Payloads<Vector> {
+  // As for any class.
   static const Values& Of(const Symbol& value) {
     return static_cast<const Vector&>(value).GetElements();
   }
@@ -110,8 +114,10 @@ s_refptr<Symbol> ApplyToPayloads(const F& f, s_str& error, const Operands&... op
 template <class Signature>
 struct RowOf;
 
+// With one operand.
 template <class Result, class Operand>
 struct RowOf<Result(Operand)> {
+  // For an operator.
   template <class F>
   static UnaryRow Make(const char* op, F f) {
     return {op, Operand::kType, [f](const s_refptr<Symbol>& operand, s_str& error) {
@@ -120,8 +126,10 @@ struct RowOf<Result(Operand)> {
   }
 };
 
+// With two operands.
 template <class Result, class Left, class Right>
 struct RowOf<Result(Left, Right)> {
+  // For an operator.
   template <class F>
   static BinaryRow Make(const char* op, F f) {
     return {Left::kType, op, Right::kType,
@@ -140,11 +148,14 @@ auto Row(const char* op, F f) {
   return RowOf<Signature>::Make(op, f);
 }
 
+// The same for functions.
 template <class Signature>
 struct CallOf;
 
+// With as many arguments as the signature has.
 template <class Result, class... Arguments>
 struct CallOf<Result(Arguments...)> {
+  // For a function of that name.
   template <class F>
   static FunctionRow Make(const char* name, F f) {
     return {name, Types(), [f](State&, const Values& arguments, Values& results, s_str& error) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/support/foreign_types.h"
+#include "tests/support/sanitizers.h"
 #include "tests/support/session.h"
 #include "types/value.h"
 
@@ -38,7 +39,9 @@ bool Calculate(int number) {
     if (!drawn || *drawn < 1 || *drawn > 2) return false;
     session.Type("?;~;min(x, 2)");
   }
-  // Each has a stack of its own, too.
+  // Each has a stack of its own, too. The thread sanitizer keeps the whole stack of every
+  // allocation, which no machine has the memory for when the stack is as deep as it can be.
+  if (kSanitized) return true;
   session.Type("q&=q+1");
   return session.Type("q*2") == "\tError : Expression is nested too deeply\n";
 }
