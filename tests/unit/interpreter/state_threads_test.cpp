@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <memory>
 #include <string>
 #include <thread>
 
+#include "tests/support/sanitizers.h"
 #include "tests/support/session.h"
 
 namespace Quarn {
@@ -18,7 +20,8 @@ std::string RunSession() {
       "x+1*2/3-4;(1+2)*(3-(4));-v+v*2;v^v;v[1];w[1][0];+x;!5;r*2;<1, &x>;r;n;_;_+1",
       "min(1,2);max(r,2);round(2.5);round_up(x);round_down(x);1e400;1e20;0.1;1/0;0/0;1.5e-310",
       "1+;2 3;4!;f(1);min(1);v[];[1];(1;1);<1;<1, v>;v+<1>;a b=1;_=3;x:Foo;zz=zz;?zz;~zz",
-      "ring&=ring+1;ring+1;?x;?;~x;~",
+      kSanitized ? "" : "ring&=ring+1;ring+1",  // more calls than the thread sanitizer can follow
+      "?x;?;~x;~",
       "1+1",
   };
   Session session;
