@@ -1,6 +1,6 @@
 #include "types/vector.h"
 
-#include <new>
+#include <utility>
 #include <vector>
 
 #include "interpreter/state.h"
@@ -26,7 +26,18 @@ bool BuildInPlace(State& state, const s_str& name, const Piece& piece, s_str& er
 
 bool IsVector(const Symbol& value) { return value.GetFixedType() == Vector::kType; }
 
+s_refptr<Symbol>& LastOf(Values& elements) { return elements[elements.GetSize() - s_uint(1U)]; }
+
 }  // namespace
+
+s_refptr<Values>& Vector::ElementsOf(Symbol& vector) {
+  return static_cast<Vector&>(vector).elements_;
+}
+
+// Do the elements go when this value does?
+bool Vector::OwnsElementsAlone(const s_refptr<Symbol>& value) {
+  return value && value.GetCount() == 1 && IsVector(*value) && ElementsOf(*value).GetCount() == 1;
+}
 
 void Vector::Register(State& state) {
   state.AddType({kType, Create, IsLiteral, CreateFrom, BuildInPlace, "<"});
@@ -45,22 +56,25 @@ void Vector::Register(State& state) {
 }
 
 // Vectors in vectors may be nested deeper than any expression that made them, one line at a time.
-// So neither printing nor letting go of them recurses.
+// So neither printing nor letting go of them recurses. Nor may letting go ask for memory: while an
+// inner vector is emptied, it holds the elements that it was found among, and its place there holds
+// the vector that was being emptied before.
 Vector::~Vector() {
-  try {
-    std::vector<s_refptr<Values>> orphans;
-    orphans.push_back(std::move(elements_));
-    while (!orphans.empty()) {
-      const s_refptr<Values> elements = std::move(orphans.back());
-      orphans.pop_back();
-      if (elements.GetCount() != 1) continue;
-      for (const s_refptr<Symbol>& element : *elements) {
-        if (element.GetCount() != 1 || !IsVector(*element)) continue;
-        orphans.push_back(std::move(static_cast<Vector&>(*element).elements_));
-      }
+  s_refptr<Values> elements = std::move(elements_);
+  s_refptr<Symbol> innermost;
+  while (elements && elements.GetCount() == 1) {
+    if (elements->IsEmpty()) {
+      if (!innermost) return;
+      const s_refptr<Symbol> emptied = std::move(innermost);
+      elements = std::move(ElementsOf(*emptied));
+      innermost = std::move(LastOf(*elements));
+    } else if (s_refptr<Symbol>& last = LastOf(*elements); OwnsElementsAlone(last)) {
+      s_refptr<Values> inner = std::move(ElementsOf(*last));
+      std::swap(innermost, last);
+      ElementsOf(*innermost) = std::exchange(elements, std::move(inner));
+      continue;
     }
-  } catch (const std::bad_alloc&) {
-    // The rest goes by recursion.
+    elements->PopBack();
   }
 }
 

@@ -44,6 +44,9 @@ class Vector final : public Symbol {
  private:
   Vector(const Vector&) = default;
 
+  static s_refptr<Values>& ElementsOf(Symbol& vector);
+  static bool OwnsElementsAlone(const s_refptr<Symbol>& value);
+
   s_refptr<Values> elements_;
 };
 

@@ -1,7 +1,21 @@
 #include "utils/log.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 namespace Quarn {
 namespace {
+
+// A standard file that the caller has closed is opened on nothing: otherwise the next file to be
+// opened would take its place, and results would be written into the log, or into the script.
+bool FillStandardFiles() {
+  int file = 0;
+  do {
+    file = open("/dev/null", O_RDWR);
+  } while (file >= 0 && file <= STDERR_FILENO);
+  if (file >= 0) close(file);
+  return true;
+}
 
 // Opens the log before main, even if nothing is ever written to it.
 [[maybe_unused]] const File& opened_before_main = Log();
@@ -10,6 +24,7 @@ namespace {
 
 // A local variable, so that an object made before main may use the log whatever the order.
 File& Log() {
+  [[maybe_unused]] static const bool filled = FillStandardFiles();
   static File log("mirlow.log", File::kWrite);
   return log;
 }

@@ -74,10 +74,18 @@ std::string_view TakeNumber(std::string_view text) {
   return text.substr(0, at);
 }
 
+// A stream for reading numbers. Left alone, it would take memory that runs out for a bad number.
+class NumberStream : public std::istringstream {
+ public:
+  explicit NumberStream(std::string_view text) : std::istringstream(std::string(text)) {
+    imbue(std::locale::classic());
+    exceptions(std::ios::badbit);
+  }
+};
+
 // The rare numbers beyond the range of double: the stream itself tells what becomes of them.
 NumberRead ReadBeyondRange(std::string_view number) {
-  std::istringstream stream{std::string(number)};
-  stream.imbue(std::locale::classic());
+  NumberStream stream(number);
   double value = 0;
   stream >> value;
   return {value, !stream.fail()};
@@ -85,8 +93,7 @@ NumberRead ReadBeyondRange(std::string_view number) {
 
 template <class T>
 T ReadInteger(const s_str& text) {
-  std::istringstream stream(text.Get());
-  stream.imbue(std::locale::classic());
+  NumberStream stream(text.GetView());
   T value = 0;
   stream >> value;
   return value;

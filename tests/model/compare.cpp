@@ -28,13 +28,15 @@ std::vector<std::string> Foretell(const std::vector<Step>& session, unsigned int
 
 }  // namespace
 
-Comparison Compare(const std::vector<Step>& session, unsigned int random_seed) {
+Comparison Compare(const std::vector<Step>& session, unsigned int random_seed,
+                   const std::function<void(State&)>& prepare) {
   const std::vector<std::string> expected = Foretell(session, random_seed);
   std::srand(random_seed);
   std::ostringstream out;
   std::stringstream in;
   State state(out, in);
   Vector::Register(state);
+  if (prepare) prepare(state);
   Comparison comparison{expected.size(), {}};
   for (std::size_t i = 0; i < expected.size(); ++i) {
     std::string answers;

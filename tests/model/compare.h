@@ -4,11 +4,16 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "tests/model/generator.h"
+
+namespace Quarn {
+class State;
+}
 
 namespace Quarn::model {
 
@@ -24,8 +29,9 @@ struct Comparison {
 };
 
 // Carries out a session up to the first line that the model does not foretell. Both draw the same
-// random numbers, from this seed.
-Comparison Compare(const std::vector<Step>& session, unsigned int random_seed);
+// random numbers, from this seed. `prepare` may register more with the State before it begins.
+Comparison Compare(const std::vector<Step>& session, unsigned int random_seed,
+                   const std::function<void(State&)>& prepare = {});
 
 // A session that still differs, with as few lines and characters as could be found.
 std::vector<Step> Shrink(std::vector<Step> session, unsigned int random_seed);

@@ -12,6 +12,7 @@ namespace Quarn::model {
 namespace {
 
 constexpr std::size_t kLines = 30;
+constexpr std::size_t kMillion = 1000000;
 
 // Commands, not lines: a line may hold several.
 std::size_t CountCommands(const std::vector<Step>& session, std::size_t lines) {
@@ -28,8 +29,12 @@ std::size_t CountCommands(const std::vector<Step>& session, std::size_t lines) {
 
 int Run(std::size_t wanted, std::uint64_t seed) {
   std::cout << "seed " << seed << std::endl;
-  std::size_t commands = 0, sessions = 0;
+  std::size_t commands = 0, sessions = 0, shown = 0;
   for (; commands < wanted; ++sessions, ++seed) {
+    if (commands / kMillion > shown) {
+      shown = commands / kMillion;
+      std::cout << shown << ",000,000 commands so far" << std::endl;
+    }
     const auto random_seed = static_cast<unsigned int>(seed);
     const std::vector<Step> session = Session(seed, kLines);
     const Comparison comparison = Compare(session, random_seed);

@@ -3,6 +3,7 @@
 //   AsScript("1+1\n").output            // "\tScalar : 2\n"
 #pragma once
 
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -16,8 +17,10 @@ struct Outcome {
   int status;  // minus the number of the signal that ended it
 };
 
+// The program of this build, or the one that the environment names.
 inline const std::string& Program() {
-  static const std::string program = MIRLOW_PROGRAM;
+  static const char* const named = std::getenv("MIRLOW_PROGRAM");
+  static const std::string program = named ? named : MIRLOW_PROGRAM;
   return program;
 }
 

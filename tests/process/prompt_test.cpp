@@ -59,6 +59,10 @@ TEST(Prompt, GoesOnForEverAtTheEndOfInput) {
   std::string expected = "> \tScalar : 1\n";
   while (expected.size() < 100'001) expected += "> ";
   EXPECT_EQ(process.Read(expected.size()), expected);
+  const std::size_t memory = process.GetResidentBytes();
+  constexpr std::size_t kMuch = 10'000'000;
+  EXPECT_EQ(process.Read(kMuch).size(), kMuch);
+  EXPECT_LT(process.GetResidentBytes(), memory + (1U << 20));
 }
 
 TEST(Prompt, TakesTheEndOfInputForEnterWhenAsked) {

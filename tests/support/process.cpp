@@ -13,6 +13,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
 #include <stdexcept>
 
 namespace Quarn {
@@ -136,6 +137,13 @@ std::string Process::Read(std::size_t size) const {
 
 bool Process::IsSilentFor(std::chrono::milliseconds time) const {
   return !WaitForBytes(output_, time);
+}
+
+std::size_t Process::GetResidentBytes() const {
+  std::ifstream stream("/proc/" + std::to_string(child_) + "/statm");
+  std::size_t total = 0, resident = 0;
+  stream >> total >> resident;
+  return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 }
 
 void Process::Kill() const {

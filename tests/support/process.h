@@ -47,6 +47,9 @@ class Process {
   // Does the child, which still runs, write nothing for so long?
   bool IsSilentFor(std::chrono::milliseconds time) const;
 
+  // The memory that the child, which still runs, has in use now.
+  std::size_t GetResidentBytes() const;
+
   void Kill() const;
   // Waits for the end: the exit status, or minus the number of the signal.
   int Wait();

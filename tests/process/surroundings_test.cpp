@@ -1,0 +1,90 @@
+// Tests of hostile surroundings: whatever is wrong with the log, the standard files and the limits,
+// results are the same where output works, and nothing more is said.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "tests/process/program.h"
+
+namespace Quarn {
+namespace {
+
+class Surroundings : public testing::Test {
+ protected:
+  // The shell's command starts the program as "$0"; its script, which prints kResult, is "script".
+  Outcome InShell(const std::string& command, const std::string& input = "") {
+    Process shell({"/bin/sh", "-c", command, Program()}, {.directory = directory_.PathOf("")});
+    shell.Type(input);
+    shell.EndInput();
+    Outcome outcome;
+    outcome.output = shell.ReadRest();
+    outcome.status = shell.Wait();
+    return outcome;
+  }
+  void ExpectResult(const std::string& command) {
+    const Outcome outcome = InShell(command);
+    EXPECT_EQ(outcome.output, kResult) << command;
+    EXPECT_EQ(outcome.status, 0) << command;
+  }
+
+  static constexpr char kResult[] = "\tScalar : 2\n";
+  const TemporaryDirectory directory_;
+  const std::string script_ = directory_.Write("script", "1+1\n");
+  const std::string log_ = directory_.PathOf("mirlow.log");
+};
+
+TEST_F(Surroundings, ADirectoryInThePlaceOfTheLogIsLeftAlone) {
+  std::filesystem::create_directory(log_);
+  ExpectResult("exec \"$0\" script 2>&1");
+  EXPECT_TRUE(std::filesystem::is_directory(log_));
+}
+
+TEST_F(Surroundings, ALogThatLeadsNowhereIsNotNeeded) {
+  std::filesystem::create_symlink("missing/directory/log", log_);
+  ExpectResult("exec \"$0\" script 2>&1");
+}
+
+TEST_F(Surroundings, ALogOnAFullDeviceIsNotNeeded) {
+  std::filesystem::create_symlink("/dev/full", log_);
+  ExpectResult("exec \"$0\" script 2>&1");
+}
+
+TEST_F(Surroundings, ALogThatMayNotGrowIsNotNeeded) {
+  ExpectResult("ulimit -f 0; exec \"$0\" script 2>&1");
+}
+
+TEST_F(Surroundings, ClosedInputIsTheEndOfInput) {
+  ExpectResult("exec \"$0\" script <&- 2>&1");
+  EXPECT_EQ(InShell("\"$0\" <&- | head -c 7").output, "> > > >");
+}
+
+// A file that is opened takes the lowest free number. With standard output closed that was the
+// log's, which then got the results; with standard input closed too, the script's.
+TEST_F(Surroundings, ClosedOutputEndsUpInNoFile) {
+  for (const char* command : {"exec \"$0\" script >&-", "exec \"$0\" script <&- >&-",
+                              "exec \"$0\" script <&- >&- 2>&-", "exec \"$0\" script 2>&- >&-"}) {
+    const Outcome outcome = InShell(command);
+    EXPECT_EQ(outcome.output, "") << command;
+    EXPECT_EQ(outcome.status, 0) << command;
+    EXPECT_EQ(ReadBytes(log_), "") << command;
+    EXPECT_EQ(ReadBytes(script_), "1+1\n") << command;
+  }
+}
+
+TEST_F(Surroundings, AFullDeviceForOutputStopsNothing) {
+  EXPECT_EQ(InShell("\"$0\" script 2>&1 >/dev/full; echo $?").output, "0\n");
+  EXPECT_EQ(InShell("\"$0\" 2>&1 >/dev/full; echo $?", "1+1\nq\n").output, "0\n");
+}
+
+TEST_F(Surroundings, APipeThatNobodyReadsStopsIt) {
+  directory_.Write("script", "v=<1, 2, 3>\n" + std::string(100'000, 'v').replace(1, 1, "\n"));
+  EXPECT_EQ(InShell("yes v | \"$0\" 2>&1 | head -c 2; echo").output, "> \n");
+  EXPECT_EQ(InShell("trap '' PIPE; \"$0\" script 2>&1 | :; echo done").output, "done\n");
+}
+
+TEST_F(Surroundings, FourOpenFilesAreEnoughForThePrompt) {
+  EXPECT_EQ(InShell("ulimit -n 4; exec \"$0\"", "1+1\nq\n").output, "> \tScalar : 2\n> ");
+}
+
+}  // namespace
+}  // namespace Quarn
