@@ -83,7 +83,7 @@ TEST_F(Surroundings, APipeThatNobodyReadsStopsIt) {
 }
 
 TEST_F(Surroundings, FourOpenFilesAreEnoughForThePrompt) {
-  EXPECT_EQ(InShell("ulimit -n 4; exec \"$0\"", "1+1\nq\n").output, "> \tScalar : 2\n> ");
+  EXPECT_EQ(InShell("ulimit -n 4; exec \"$0\" 3>&-", "1+1\nq\n").output, "> \tScalar : 2\n> ");
 }
 
 }  // namespace

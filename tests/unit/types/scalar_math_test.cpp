@@ -34,7 +34,7 @@ TEST(Factorial, MultipliesRoundedNumbersDownToAboutOne) {
   for (const auto& row : kRows) EXPECT_EQ(Factorial(row.x), row.factorial) << row.x;
 }
 
-// Kept on purpose: there is no second end.
+// There is no second end, and none is wanted.
 TEST(FactorialDeathTest, RecursesUntilTheStackIsUsedUp) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   for (double x : {0.0, -1.0, 0.5, 2.5, 1.5, kNaN, kInfinity, -kInfinity}) {

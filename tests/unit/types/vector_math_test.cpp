@@ -185,7 +185,7 @@ TEST(VectorMath, IndexOfAnEmptyVectorIsAnErrorWhateverItIs) {
   }
 }
 
-// Kept on purpose: an infinite index never comes into range.
+// An infinite index never comes into range, and is meant not to.
 TEST(VectorMathDeathTest, AnInfiniteIndexNeverReturns) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   constexpr double kInfinity = std::numeric_limits<double>::infinity();
