@@ -48,6 +48,7 @@ class Process {
   bool IsSilentFor(std::chrono::milliseconds time) const;
 
   void Kill() const;
+  void Interrupt() const;  // as Ctrl-C does at a terminal
   // Waits for the end: the exit status, or minus the number of the signal.
   int Wait();
 
