@@ -106,14 +106,17 @@ void State::Declare(std::string_view name, std::string_view type) {
 }
 
 void State::DeleteAll() {
-  out_ << "\tWarning : This command will erase all symbols.\n"
-          "\t          Are you sure ? ([y|Enter]/n) ";
+  Print(
+      "\tWarning : This command will erase all symbols.\n"
+      "\t          Are you sure ? ([y|Enter]/n) ");
   Flush();
   std::string answer;
   // At the end of input the answer is empty, as if Enter had been pressed.
   std::getline(in_, answer);
   if (answer.empty() || answer == "y" || answer == "Y") {
+    const s_refptr<Symbol> nothing = NewReference(*this, Symbol::NoName(), "");
     symbols_.Clear();
+    symbols_.SetLastResult(nothing);  // never absent, even if memory runs out from here on
     PrintMessage("\tAll symbols erased");
   }
   SetLastResult({});
@@ -171,9 +174,14 @@ bool State::PassesNameCheck(std::string_view name) {
   return false;
 }
 
+// Past all that the host has told its stream of widths, fills and the like.
+void State::Print(std::string_view text) {
+  out_.write(text.data(), static_cast<std::streamsize>(text.size()));
+}
+
 void State::PrintMessage(s_str message) {
   message += '\n';
-  out_.write(message.Get().data(), static_cast<std::streamsize>(message.Get().size()));
+  Print(message.GetView());
 }
 
 // The whole line is composed before any of it is printed, since a value may be evaluated for it.
@@ -184,7 +192,7 @@ void State::PrintValue(std::string_view before, std::string_view type, const Sym
   line.Append(before).Append(type).Append(" : ");
   value.AppendTo(line);
   line += '\n';
-  out_.write(line.Get().data(), static_cast<std::streamsize>(line.Get().size()));
+  Print(line.GetView());
   line_ = std::move(line);
 }
 

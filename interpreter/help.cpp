@@ -1,6 +1,4 @@
 // The help screen.
-#include <ostream>
-
 #include "interpreter/state.h"
 
 namespace Quarn {
@@ -84,7 +82,10 @@ constexpr std::string_view kIndents[] = {"", "   ", "      "};
 }  // namespace
 
 void State::PrintHelp() {
-  for (const HelpPiece& piece : kHelp) out_ << kIndents[piece.indent] << piece.text;
+  for (const HelpPiece& piece : kHelp) {
+    Print(kIndents[piece.indent]);
+    Print(piece.text);
+  }
 }
 
 }  // namespace Quarn

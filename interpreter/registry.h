@@ -76,6 +76,7 @@ struct TextLess {
   using is_transparent = void;
   static std::string_view View(const s_str& text) { return text.GetView(); }
   static std::string_view View(std::string_view text) { return text; }
+  static std::string_view View(const char* text) { return text; }
   template <class A, class B>
   bool operator()(const A& a, const B& b) const {
     return View(a) < View(b);

@@ -3,10 +3,6 @@
 #include "interpreter/messages.h"
 
 namespace Quarn {
-Source::Source(std::string_view text, BracketRoom& room)
-    : text_(text), room_(room), base_(room.size()) {
-  Match();
-}
 
 void Source::Match() {
   std::size_t begin = 0;

@@ -33,7 +33,7 @@ class Source {
  public:
   // The text must outlive the source, and sources that share a room must go in reverse order of
   // their coming.
-  Source(std::string_view text, BracketRoom& room);
+  Source(std::string_view text, BracketRoom& room) : Source(room, text) { Match(); }
   ~Source() { room_.resize(base_); }
   Source(const Source&) = delete;
   Source& operator=(const Source&) = delete;
@@ -45,6 +45,8 @@ class Source {
   std::uint32_t CountBrackets() const { return count_; }
 
  private:
+  // Complete before the matching, which may run out of memory and then leaves the room as it was.
+  Source(BracketRoom& room, std::string_view text) : text_(text), room_(room), base_(room.size()) {}
   void Match();
 
   std::string_view text_;

@@ -33,20 +33,28 @@ void State::Flush() { out_.flush(); }
 
 void State::AddType(const TypeRow& row) {
   types_.insert_or_assign(row.name, row);
-  for (std::size_t code = 0; code < literals_.size(); ++code) {
-    literals_[code].clear();
+  LiteralTypes literals;
+  for (std::size_t code = 0; code < literals.size(); ++code) {
     for (const auto& [name, type] : types_) {
-      if (MayBeginLiteral(type, static_cast<char>(code))) literals_[code].push_back(&type);
+      if (MayBeginLiteral(type, static_cast<char>(code))) literals[code].push_back(&type);
     }
+  }
+  literals_ = std::move(literals);
+}
+
+// Each body is copied before there is an entry for it: memory that runs out leaves no empty one.
+void State::AddBinary(std::initializer_list<BinaryRow> rows) {
+  for (const BinaryRow& row : rows) {
+    BinaryOperator body = row.body;
+    binary_[row.op][row.left][row.right] = std::move(body);
   }
 }
 
-void State::AddBinary(std::initializer_list<BinaryRow> rows) {
-  for (const BinaryRow& row : rows) binary_[row.op][row.left][row.right] = row.body;
-}
-
 void State::AddUnary(UnaryRegistry& registry, std::initializer_list<UnaryRow> rows) {
-  for (const UnaryRow& row : rows) registry[row.op][row.operand] = row.body;
+  for (const UnaryRow& row : rows) {
+    UnaryOperator body = row.body;
+    registry[row.op][row.operand] = std::move(body);
+  }
 }
 
 void State::AddRightUnary(std::initializer_list<UnaryRow> rows) { AddUnary(right_unary_, rows); }

@@ -16,6 +16,7 @@
 
 #include "interpreter/depth.h"
 #include "interpreter/dispatch.h"
+#include "interpreter/embedding.h"
 #include "interpreter/registry.h"
 #include "interpreter/symbol_table.h"
 #include "interpreter/workspace.h"
@@ -40,6 +41,19 @@ class State {
   // Writes out what was printed so far: for work that may never come back.
   void Flush();
   void PrintHelp();
+
+  // ---- For a host program: nothing of this prints; values as plain C++ are in types/value.h ----
+
+  // What an expression comes to. Changes nothing, not even the last result.
+  Result Compute(std::string_view expression);
+  // The value of a symbol, "_" included; null when no symbol bears the name. It stays the symbol's:
+  // Clone it to change it.
+  s_refptr<Symbol> GetSymbol(std::string_view name) const;
+  // Gives a name a copy of the value, in place of any that it had, and returns that copy. Fails for
+  // a name that no symbol may bear. Leaves the last result.  REQUIRES: the value is not null.
+  Result SetSymbol(std::string_view name, const s_refptr<Symbol>& value);
+  // False when no symbol bears the name. The last result is always there and cannot be erased.
+  bool EraseSymbol(std::string_view name);
 
   // ---- Expressions ----
 
@@ -168,6 +182,7 @@ class State {
 
   void Define(const s_str& name, const s_str& type, const s_refptr<Symbol>& value);
   bool PassesNameCheck(std::string_view name);
+  void Print(std::string_view text);
   void PrintMessage(s_str message);
   void PrintValue(std::string_view before, std::string_view type, const Symbol& value);
 
@@ -179,7 +194,8 @@ class State {
   FunctionRegistry functions_;
 
   // The types that may have a literal beginning with a character, in ascending order.
-  std::array<std::vector<const TypeRow*>, 256> literals_;
+  using LiteralTypes = std::array<std::vector<const TypeRow*>, 256>;
+  LiteralTypes literals_;
   Dispatch<BinaryOperator> binary_dispatch_;
   FunctionDispatch function_dispatch_;
   Workspace workspace_;

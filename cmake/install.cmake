@@ -1,0 +1,50 @@
+# What `cmake --install` puts where, so that others find the library with CMake or pkg-config.
+# Headers go below include/mirlow, which is the directory to include from: "interpreter/state.h".
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/mirlow)
+set(header_dir ${CMAKE_INSTALL_INCLUDEDIR}/mirlow)
+
+# Before 1.0.0 each minor version may break what uses the one before it.
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(compatible_version ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+  set(compatibility SameMinorVersion)
+else()
+  set(compatible_version ${PROJECT_VERSION_MAJOR})
+  set(compatibility SameMajorVersion)
+endif()
+set_target_properties(mirlow_library PROPERTIES
+  VERSION ${PROJECT_VERSION} SOVERSION ${compatible_version})
+target_include_directories(mirlow_library INTERFACE $<INSTALL_INTERFACE:${header_dir}>)
+
+install(TARGETS mirlow_library EXPORT mirlowTargets)
+# The log is the program's own.
+install(DIRECTORY utils interpreter types DESTINATION ${header_dir}
+  FILES_MATCHING PATTERN *.h PATTERN log.h EXCLUDE)
+install(FILES ${PROJECT_BINARY_DIR}/generated/interpreter/version.h
+  DESTINATION ${header_dir}/interpreter)
+
+if(MIRLOW_PROGRAM)
+  # The program finds a shared library of ours wherever both are moved to.
+  file(RELATIVE_PATH from_bin_to_lib
+    ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+  set_target_properties(mirlow PROPERTIES INSTALL_RPATH $ORIGIN/${from_bin_to_lib})
+  install(TARGETS mirlow)
+endif()
+file(GLOB manual_pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/man/*.1)
+install(FILES ${manual_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
+install(EXPORT mirlowTargets NAMESPACE mirlow:: DESTINATION ${package_dir})
+configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/mirlowConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/mirlowConfig.cmake INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/mirlowConfigVersion.cmake
+  COMPATIBILITY ${compatibility})
+install(FILES ${PROJECT_BINARY_DIR}/mirlowConfig.cmake
+  ${PROJECT_BINARY_DIR}/mirlowConfigVersion.cmake DESTINATION ${package_dir})
+
+file(RELATIVE_PATH pc_prefix
+  ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+string(REGEX REPLACE "/$" "" pc_prefix ${pc_prefix})
+configure_file(${CMAKE_CURRENT_LIST_DIR}/mirlow.pc.in ${PROJECT_BINARY_DIR}/mirlow.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/mirlow.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,0 +1,39 @@
+// What State does for a host program: the same as the command lines, but nothing is printed.
+#include "interpreter/embedding.h"
+
+#include "interpreter/messages.h"
+#include "interpreter/state.h"
+
+namespace Quarn {
+
+Result State::Compute(std::string_view expression) {
+  s_str error;
+  s_refptr<Symbol> value = EvaluateText(expression, Symbol::NoName(), error);
+  if (value) return {std::move(value), {}};
+  // Inside an evaluation, the outermost one would have said so in the end.
+  if (error.IsEmpty()) error = messages::NestedTooDeeply();
+  return {{}, error.Take()};
+}
+
+s_refptr<Symbol> State::GetSymbol(std::string_view name) const {
+  const s_refptr<Symbol>* symbol = symbols_.Find(name);
+  return symbol ? *symbol : s_refptr<Symbol>();
+}
+
+Result State::SetSymbol(std::string_view name, const s_refptr<Symbol>& value) {
+  s_str error;
+  if (!CheckName(name, error)) return {{}, error.Take()};
+  const s_str own_name(name);
+  s_refptr<Symbol> symbol = value->Clone();
+  symbol->SetName(own_name);
+  symbols_.Set(own_name, symbol);
+  return {std::move(symbol), {}};
+}
+
+bool State::EraseSymbol(std::string_view name) {
+  if (name == SymbolTable::kLastResult || !symbols_.Contains(name)) return false;
+  symbols_.Erase(s_str(name));
+  return true;
+}
+
+}  // namespace Quarn

@@ -1,0 +1,26 @@
+# Builds one consumer in a directory that is made new, and runs it.
+#   cmake -D kind=find_package -D source=<tree> -D prefix=<installed> -D directory=<to build in>
+#         -D compiler=<c++> -D version=<x.y.z> -P build.cmake
+cmake_minimum_required(VERSION 3.21)
+set(consumers ${CMAKE_CURRENT_LIST_DIR})
+file(REMOVE_RECURSE ${directory})
+file(MAKE_DIRECTORY ${directory})
+
+function(run)
+  execute_process(COMMAND ${ARGV} WORKING_DIRECTORY ${directory} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+if(kind STREQUAL "pkg_config")
+  set(ENV{PKG_CONFIG_PATH} ${prefix}/${libdir}/pkgconfig)
+  run(${consumers}/pkg_config/build.sh ${compiler} ${consumers}/consumer.cpp ${directory}/consumer)
+  run(pkg-config --exact-version=${version} mirlow)
+else()
+  run(${CMAKE_COMMAND} -S ${consumers}/${kind} -B ${directory} -DCMAKE_CXX_COMPILER=${compiler}
+    -DCMAKE_PREFIX_PATH=${prefix} -DMIRLOW_SOURCE=${source} -DFETCHCONTENT_FULLY_DISCONNECTED=ON)
+  run(${CMAKE_COMMAND} --build ${directory} --target consumer)
+endif()
+
+execute_process(COMMAND ${directory}/consumer OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
+if(NOT output STREQUAL "mirlow ${version}\n")
+  message(FATAL_ERROR "the consumer printed: ${output}")
+endif()

@@ -1,0 +1,73 @@
+#include "types/value.h"
+
+#include "interpreter/builtins.h"
+#include "types/lift.h"
+#include "types/vector.h"
+
+namespace Quarn {
+namespace {
+
+// What stands for the value, if that is of the type; null otherwise. The type's name is known by
+// its address, which no other class can have.
+s_refptr<Symbol> ResolveAs(const char* type, const s_refptr<Symbol>& value) {
+  if (!value) return {};
+  s_refptr<Symbol> resolved = Resolve(value);
+  return resolved && resolved->GetFixedType() == type ? resolved : s_refptr<Symbol>();
+}
+
+}  // namespace
+
+std::optional<double> ToNumber(const s_refptr<Symbol>& value) {
+  const s_refptr<Symbol> scalar = ResolveAs(Scalar::kType, value);
+  if (!scalar) return std::nullopt;
+  return NumberOf(*scalar);
+}
+
+std::optional<std::vector<s_refptr<Symbol>>> ToElements(const s_refptr<Symbol>& value) {
+  const s_refptr<Symbol> vector = ResolveAs(Vector::kType, value);
+  if (!vector) return std::nullopt;
+  const Values& elements = static_cast<const Vector&>(*vector).GetElements();
+  return std::vector<s_refptr<Symbol>>(elements.begin(), elements.end());
+}
+
+std::optional<std::vector<double>> ToNumbers(const s_refptr<Symbol>& value) {
+  const auto elements = ToElements(value);
+  if (!elements) return std::nullopt;
+  std::vector<double> numbers;
+  for (const s_refptr<Symbol>& element : *elements) {
+    const std::optional<double> number = ToNumber(element);
+    if (!number) return std::nullopt;
+    numbers.push_back(*number);
+  }
+  return numbers;
+}
+
+std::string ToText(const s_refptr<Symbol>& value) {
+  if (!value) return {};
+  const s_refptr<Symbol> unnamed = value->Clone();
+  unnamed->SetName(Symbol::NoName());
+  return unnamed->ToString().Take();
+}
+
+std::string GetTypeName(const s_refptr<Symbol>& value) {
+  return value ? value->GetType().Take() : std::string();
+}
+
+s_refptr<Symbol> FromNumber(double number) { return NewNumber(number); }
+
+s_refptr<Symbol> FromElements(const std::vector<s_refptr<Symbol>>& elements) {
+  const s_refptr<Values> shared(new Values);
+  for (const s_refptr<Symbol>& element : elements) {
+    if (!element || element->GetFullType() != elements.front()->GetFullType()) return {};
+    shared->PushBack(element);
+  }
+  return s_refptr<Symbol>(new Vector(Symbol::NoName(), shared));
+}
+
+s_refptr<Symbol> FromNumbers(const std::vector<double>& numbers) {
+  const s_refptr<Values> elements(new Values);
+  for (double number : numbers) elements->PushBack(NewNumber(number));
+  return s_refptr<Symbol>(new Vector(Symbol::NoName(), elements));
+}
+
+}  // namespace Quarn

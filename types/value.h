@@ -1,0 +1,42 @@
+// Values as plain C++, in both directions, so that a host needs neither the classes of the values
+// nor a cast. A reference counts as what its expression comes to at the moment.
+//   ToNumber(state.Compute("1+2").value);          // 3
+//   ToNumber(state.Compute("<1, 2>").value);       // nothing: it is no number
+//   state.SetSymbol("v", FromNumbers({1, 2, 3}));  // v=<1, 2, 3>
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "interpreter/symbol.h"
+
+namespace Quarn {
+
+// The number that a Scalar is; nothing for null and for values of other types.
+std::optional<double> ToNumber(const s_refptr<Symbol>& value);
+
+// The elements of a Vector, shared with it; nothing for null and for values of other types.
+std::optional<std::vector<s_refptr<Symbol>>> ToElements(const s_refptr<Symbol>& value);
+
+// The numbers in a Vector; nothing for null, for values of other types, and when one of the
+// elements is no number.
+std::optional<std::vector<double>> ToNumbers(const s_refptr<Symbol>& value);
+
+// The value as a user reads it, without its name: "<1, 2>". Empty for null.
+std::string ToText(const s_refptr<Symbol>& value);
+
+// The type under which operators and functions know the value: "Scalar". Empty for null.
+std::string GetTypeName(const s_refptr<Symbol>& value);
+
+// A new unnamed Scalar.
+s_refptr<Symbol> FromNumber(double number);
+
+// A new unnamed Vector that shares the elements; null when they are not all of one type, or when
+// one is null.
+s_refptr<Symbol> FromElements(const std::vector<s_refptr<Symbol>>& elements);
+
+// A new unnamed Vector of Scalars.
+s_refptr<Symbol> FromNumbers(const std::vector<double>& numbers);
+
+}  // namespace Quarn
