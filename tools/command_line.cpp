@@ -48,10 +48,10 @@ CommandLine ReadCommandLine(int count, char** values) {
         line.tasks.push_back({Task::kCommands, optarg});
         break;
       case 'h':
-        line.wish = CommandLine::Wish::kHelp;
+        line.wish = CommandLine::Wish::kShowHelp;
         return line;
       case 'V':
-        line.wish = CommandLine::Wish::kVersion;
+        line.wish = CommandLine::Wish::kShowVersion;
         return line;
       default:
         std::cerr << "Try 'mirlow-shell --help'.\n";

@@ -16,7 +16,12 @@ struct Task {
 };
 
 struct CommandLine {
-  enum class Wish { kRun, kHelp, kVersion, kNothing };  // nothing: the arguments make no sense
+  enum class Wish {
+    kRun,
+    kShowHelp,
+    kShowVersion,
+    kNothing
+  };  // nothing: the arguments make no sense
   Wish wish = Wish::kRun;
   std::vector<Task> tasks;  // in the order given
 };

@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "interpreter/state.h"
+#include "interpreter/version.h"
 #include "tools/command_line.h"
 #include "tools/error_watch.h"
 #include "tools/line_reader.h"
@@ -85,11 +86,11 @@ Status RunTasks(const std::vector<Task>& tasks) {
 
 Status Run(const CommandLine& line) {
   switch (line.wish) {
-    case CommandLine::Wish::kHelp:
+    case CommandLine::Wish::kShowHelp:
       std::cout << kUsage;
       return kGood;
-    case CommandLine::Wish::kVersion:
-      std::cout << "mirlow-shell " MIRLOW_VERSION "\n";
+    case CommandLine::Wish::kShowVersion:
+      std::cout << "mirlow-shell " << kVersion << '\n';
       return kGood;
     case CommandLine::Wish::kNothing:
       return kCannotRun;

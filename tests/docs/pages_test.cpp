@@ -7,6 +7,7 @@
 
 #include "interpreter/priorities.h"
 #include "interpreter/state.h"
+#include "interpreter/version.h"
 #include "tests/support/temporary_directory.h"
 #include "types/vector.h"
 
@@ -93,7 +94,7 @@ TEST_F(Registries, AreInTheManual) {
 
 TEST(Manual, NamesTheVersion) {
   for (const char* path : {"docs/man/mirlow.1", "docs/man/mirlow-shell.1"}) {
-    EXPECT_NE(ReadPage(path).find("\"mirlow " MIRLOW_VERSION "\""), std::string::npos) << path;
+    EXPECT_NE(ReadPage(path).find(std::string("\"mirlow ") + kVersion + "\""), std::string::npos) << path;
   }
 }
 

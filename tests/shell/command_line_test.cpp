@@ -36,10 +36,10 @@ TEST(CommandLine, KeepsCommandsAndFilesInTheirOrder) {
 TEST(CommandLine, KnowsItsOptions) {
   using Wish = CommandLine::Wish;
   EXPECT_EQ(Read({"a"}).wish, Wish::kRun);
-  EXPECT_EQ(Read({"--help"}).wish, Wish::kHelp);
-  EXPECT_EQ(Read({"a", "-h"}).wish, Wish::kHelp);
-  EXPECT_EQ(Read({"--version"}).wish, Wish::kVersion);
-  EXPECT_EQ(Read({"-V"}).wish, Wish::kVersion);
+  EXPECT_EQ(Read({"--help"}).wish, Wish::kShowHelp);
+  EXPECT_EQ(Read({"a", "-h"}).wish, Wish::kShowHelp);
+  EXPECT_EQ(Read({"--version"}).wish, Wish::kShowVersion);
+  EXPECT_EQ(Read({"-V"}).wish, Wish::kShowVersion);
   EXPECT_EQ(Read({"-x"}).wish, Wish::kNothing);
   EXPECT_EQ(Read({"--unknown"}).wish, Wish::kNothing);
   EXPECT_EQ(Read({"-e"}).wish, Wish::kNothing);
