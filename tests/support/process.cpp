@@ -150,6 +150,10 @@ void Process::Kill() const {
   if (child_ > 0) kill(child_, SIGKILL);
 }
 
+void Process::Interrupt() const {
+  if (child_ > 0) kill(child_, SIGINT);
+}
+
 int Process::Wait() {
   int status = 0;
   while (waitpid(child_, &status, 0) < 0 && errno == EINTR) {

@@ -51,6 +51,7 @@ class Process {
   std::size_t GetResidentBytes() const;
 
   void Kill() const;
+  void Interrupt() const;  // as Ctrl-C does at a terminal
   // Waits for the end: the exit status, or minus the number of the signal.
   int Wait();
 

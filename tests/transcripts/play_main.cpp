@@ -1,5 +1,7 @@
-// Plays the pages of a file, a transcript or a Markdown text, at the prompt and from a script.
+// Plays the pages of a file, a transcript or a Markdown text, at the prompt and from a script; with
+// the shell, from a script and through a pipe.
 //   play build/mirlow tests/transcripts/scalars/arithmetic.txt
+//   play --shell build/mirlow-shell docs/language.md
 #include <exception>
 #include <iostream>
 
@@ -15,21 +17,41 @@ std::vector<Page> ReadPages(const std::string& path) {
   return path.ends_with(".md") ? ReadMarkdown(text) : std::vector<Page>{ReadPage(text)};
 }
 
-bool Play(const std::string& program, const std::string& path, const Page& page) {
+struct Way {
+  const char* name;
+  std::string (*play)(const std::string&, const Page&, std::chrono::milliseconds);
+};
+using Ways = std::vector<Way>;
+
+const Ways kCalculator = {
+    {"at the prompt", PlayAtPrompt},
+    {"as a script",   PlayAsScript}
+};
+const Ways kShell = {
+    {"as a script",    PlayAsShellScript},
+    {"through a pipe", PlayThroughPipe  }
+};
+
+bool Play(const Ways& ways, const std::string& program, const std::string& path, const Page& page) {
   if (page.turns.empty()) {
     std::cout << path << ": a page without a word\n";
     return false;
   }
-  const std::string at_prompt = PlayAtPrompt(program, page);
-  if (!at_prompt.empty()) std::cout << path << ", at the prompt, " << at_prompt;
-  const std::string as_script = PlayAsScript(program, page);
-  if (!as_script.empty()) std::cout << path << ", as a script, " << as_script;
-  return at_prompt.empty() && as_script.empty();
+  bool plays = true;
+  for (const Way& way : ways) {
+    const std::string difference = way.play(program, page, std::chrono::minutes(1));
+    if (difference.empty()) continue;
+    std::cout << path << ", " << way.name << ", " << difference;
+    plays = false;
+  }
+  return plays;
 }
 
-int PlayAll(const std::string& program, const std::string& path) {
+int PlayAll(const Ways& ways, const std::string& program, const std::string& path) {
   bool all_play = true;
-  for (const Page& page : ReadPages(path)) all_play = Play(program, path, page) && all_play;
+  for (const Page& page : ReadPages(path)) {
+    all_play = Play(ways, program, path, page) && all_play;
+  }
   return all_play ? 0 : 1;
 }
 
@@ -37,14 +59,17 @@ int PlayAll(const std::string& program, const std::string& path) {
 }  // namespace Quarn
 
 int main(int count, char** values) {
-  if (count != 3) {
-    std::cout << "usage: play PROGRAM FILE\n";
+  const bool is_shell = count == 4 && std::string_view(values[1]) == "--shell";
+  if (count != 3 && !is_shell) {
+    std::cout << "usage: play [--shell] PROGRAM FILE\n";
     return 2;
   }
+  const char* program = values[count - 2];
+  const char* path = values[count - 1];
   try {
-    return Quarn::PlayAll(values[1], values[2]);
+    return Quarn::PlayAll(is_shell ? Quarn::kShell : Quarn::kCalculator, program, path);
   } catch (const std::exception& error) {
-    std::cout << values[2] << ": " << error.what() << '\n';
+    std::cout << path << ": " << error.what() << '\n';
     return 2;
   }
 }

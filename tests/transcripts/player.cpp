@@ -23,6 +23,7 @@ class Player {
       : process_(command, {.directory = directory.PathOf(""), .patience = patience}) {}
 
   void Type(const std::string& line) { process_.Type(line + "\n"); }
+  void EndInput() { process_.EndInput(); }
 
   bool Expect(const Turn& turn, const std::string& expected) {
     std::string printed = process_.Read(expected.size());
@@ -38,7 +39,7 @@ class Player {
   }
 
   // REQUIRES: all that was expected has been read, and "q" was typed where that ends the program.
-  void ExpectEnding(const Page& page) {
+  void ExpectEnding(const Page& page, int expected_status) {
     if (page.ending == Ending::kNeverReturns) {
       if (!process_.IsSilentFor(kForEver)) difference_ = "it returned\n";
       return;
@@ -49,7 +50,7 @@ class Player {
       return;
     }
     const int status = process_.Wait();
-    if (page.ending == Ending::kDies ? status < 0 : status == 0) return;
+    if (page.ending == Ending::kDies ? status < 0 : status == expected_status) return;
     difference_ = "it ended with " + std::to_string(status) + "\n";
   }
 
@@ -77,12 +78,14 @@ std::string PlayAtPrompt(const std::string& program, const Page& page,
     if (!player.Expect(page.turns.back(), kPrompt)) return player.TakeDifference();
     player.Type("q");
   }
-  player.ExpectEnding(page);
+  player.ExpectEnding(page, 0);
   return player.TakeDifference();
 }
 
-std::string PlayAsScript(const std::string& program, const Page& page,
-                         std::chrono::milliseconds patience) {
+namespace {
+
+std::string PlayScript(const std::string& program, const Page& page, int status,
+                       std::chrono::milliseconds patience) {
   const TemporaryDirectory directory;
   std::string script;
   for (const Turn& turn : page.turns) script += turn.is_answer ? "" : turn.text + "\n";
@@ -91,7 +94,40 @@ std::string PlayAsScript(const std::string& program, const Page& page,
     if (turn.is_answer) player.Type(turn.text);
     if (!player.Expect(turn, turn.output)) return player.TakeDifference();
   }
-  player.ExpectEnding(page);
+  player.ExpectEnding(page, status);
+  return player.TakeDifference();
+}
+
+// The exit status of a shell that prints the page: does a line of it begin as errors do?
+int StatusOf(const Page& page) {
+  for (const Turn& turn : page.turns) {
+    if (("\n" + turn.output).find("\n\tError : ") != std::string::npos) return 1;
+  }
+  return 0;
+}
+
+}  // namespace
+
+std::string PlayAsScript(const std::string& program, const Page& page,
+                         std::chrono::milliseconds patience) {
+  return PlayScript(program, page, 0, patience);
+}
+
+std::string PlayAsShellScript(const std::string& shell, const Page& page,
+                              std::chrono::milliseconds patience) {
+  return PlayScript(shell, page, StatusOf(page), patience);
+}
+
+std::string PlayThroughPipe(const std::string& shell, const Page& page,
+                            std::chrono::milliseconds patience) {
+  const TemporaryDirectory directory;
+  Player player({shell}, directory, patience);
+  for (const Turn& turn : page.turns) player.Type(turn.text);
+  player.EndInput();
+  for (const Turn& turn : page.turns) {
+    if (!player.Expect(turn, turn.output)) return player.TakeDifference();
+  }
+  player.ExpectEnding(page, StatusOf(page));
   return player.TakeDifference();
 }
 

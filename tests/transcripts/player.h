@@ -1,6 +1,7 @@
 // Plays a page with the program, turn by turn: nothing is typed before what comes ahead of it was
 // read, so that a prompt or a question that waits in a buffer is noticed too.
 //   PlayAtPrompt("build/mirlow", page);  // "", or what was different
+// The same page may be played through the shell, which takes it from a file and from a pipe.
 // Output that stays away is waited for, as long as there is patience.
 #pragma once
 
@@ -18,5 +19,13 @@ std::string PlayAtPrompt(const std::string& program, const Page& page,
 // From a script with all typed lines; the answers come through standard input.
 std::string PlayAsScript(const std::string& program, const Page& page,
                          std::chrono::milliseconds patience = std::chrono::minutes(1));
+
+// The same, by the shell, which ends with 1 when an error was printed.
+std::string PlayAsShellScript(const std::string& shell, const Page& page,
+                              std::chrono::milliseconds patience = std::chrono::minutes(1));
+
+// By the shell, with lines and answers alike in a pipe that ends behind them.
+std::string PlayThroughPipe(const std::string& shell, const Page& page,
+                            std::chrono::milliseconds patience = std::chrono::minutes(1));
 
 }  // namespace Quarn

@@ -1,0 +1,26 @@
+# Flags that make a mistake in the code end the program instead of harming its user. To be included
+# where mirlow_options is known; what a compiler lacks is left out.
+include(CheckCXXCompilerFlag)
+include(CheckLinkerFlag)
+
+foreach(flag -fstack-protector-strong -fstack-clash-protection -fPIE)
+  string(MAKE_C_IDENTIFIER "MIRLOW_HAS${flag}" has_flag)
+  check_cxx_compiler_flag(${flag} ${has_flag})
+  if(${has_flag} AND NOT (flag STREQUAL -fPIE AND BUILD_SHARED_LIBS))
+    target_compile_options(mirlow_options INTERFACE ${flag})
+  endif()
+endforeach()
+
+# Checked accesses of the C library and of the containers.
+target_compile_options(mirlow_options INTERFACE
+  -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -D_GLIBCXX_ASSERTIONS)
+
+# Programs at random addresses, whose tables of functions are read-only once they run.
+foreach(flag -pie LINKER:-z,relro LINKER:-z,now)
+  string(MAKE_C_IDENTIFIER "MIRLOW_LINKS${flag}" links_flag)
+  check_linker_flag(CXX ${flag} ${links_flag})
+  if(${links_flag})
+    target_link_options(mirlow_options INTERFACE
+      $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${flag}>)
+  endif()
+endforeach()

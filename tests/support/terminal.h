@@ -1,0 +1,54 @@
+// A child process at a terminal of its own, in the hands of a test: what is typed passes through
+// the terminal, and what is read is what a person would see, control sequences and echo included.
+//   Terminal terminal({"build/mirlow-shell"}, directory);
+//   terminal.Shows("> ");
+//   terminal.Type("1+1\n");
+//   terminal.Shows("\tScalar : 2");
+//   terminal.Type(Terminal::kControlD);
+//   terminal.Wait();  // 0
+// Destroying it kills the child, if it still runs.
+#pragma once
+
+#include <sys/types.h>
+
+#include <chrono>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Quarn {
+
+class Terminal {
+ public:
+  static constexpr std::string_view kControlC = "\x03";
+  static constexpr std::string_view kControlD = "\x04";
+  static constexpr std::string_view kUp = "\x1b[A";
+
+  // Home and the directory for state are the given one. Raises std::runtime_error when there is no
+  // terminal.
+  Terminal(const std::vector<std::string>& command, const std::string& home);
+  Terminal(const Terminal&) = delete;
+  Terminal& operator=(const Terminal&) = delete;
+  ~Terminal();
+
+  void Type(std::string_view keys) const;
+
+  // Does the text appear, behind what was shown before? Waits for it, a minute at most.
+  bool Shows(std::string_view text);
+  // All that appeared so far and was not asked for.
+  const std::string& GetRest() const { return rest_; }
+
+  // Waits for the end: the exit status, or minus the number of the signal.
+  int Wait();
+  // Presses Ctrl-C until the child ends; as Wait.
+  int Interrupt();
+
+ private:
+  bool ReadMore(std::chrono::milliseconds patience);
+
+  pid_t child_ = -1;  // negative once it was waited for
+  int terminal_ = -1;
+  std::string rest_;
+};
+
+}  // namespace Quarn
