@@ -10,11 +10,14 @@
 
 namespace Quarn {
 
+// One row of the table.
 struct OperatorPriority {
+  // What is written, and how tightly it binds.
   std::string_view text;
   unsigned int priority;
 };
 
+// The table; what is remembered of operators goes by their places in it.
 inline constexpr OperatorPriority kPriorities[] = {
     {"[]", 5}, // indexing; only ever applied to what stands before and inside the brackets
     {"!",  4},
@@ -25,6 +28,7 @@ inline constexpr OperatorPriority kPriorities[] = {
     {"-",  1},
 };
 
+// How many there are, and the place of "[]".
 inline constexpr std::size_t kOperators = std::size(kPriorities);
 inline constexpr std::size_t kIndexing = 0;
 static_assert(kPriorities[kIndexing].text == "[]");

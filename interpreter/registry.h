@@ -15,6 +15,7 @@ namespace Quarn {
 class Piece;
 class State;
 
+// Arguments, results, elements: any list of values.
 using Values = s_ctnr<s_refptr<Symbol>>;
 
 // A new value of the type that bears the name and is not initialised.
@@ -42,8 +43,10 @@ using BinaryOperator =
 using Function =
     std::function<s_bool(State&, const Values& arguments, Values& results, s_str& error)>;
 
+// A type, for State::AddType.
 struct TypeRow {
   s_str name;  // as GetType returns it
+  // How values of the type are made; see the callables above.
   Creator create;
   LiteralTest is_literal = nullptr;  // null: the type has no literals
   TextConstructor create_from = nullptr;
@@ -52,27 +55,32 @@ struct TypeRow {
   std::string_view literal_starts = {};
 };
 
+// An operator with one operand, for State::AddRightUnary or State::AddLeftUnary.
 struct UnaryRow {
+  // One of the operators of the language.
   s_str op;
   s_str operand;  // type
   UnaryOperator body;
 };
 
+// An operator between two operands, for State::AddBinary.
 struct BinaryRow {
-  s_str left;  // type
-  s_str op;
-  s_str right;  // type
-  BinaryOperator body;
+  s_str left;           // type
+  s_str op;             // one of the operators of the language
+  s_str right;          // type
+  BinaryOperator body;  // what it does
 };
 
+// A function for one list of argument types, for State::AddFunctions.
 struct FunctionRow {
-  s_str name;
+  s_str name;               // letters, digits and "_" as a user writes them
   s_ctnr<s_str> arguments;  // types; {""} for a call with empty parentheses
-  Function body;
+  Function body;            // what it does
 };
 
 // The order of registries: by text, asked with a text of any kind.
 struct TextLess {
+  // Any kind of text, as a view.
   using is_transparent = void;
   static std::string_view View(const s_str& text) { return text.GetView(); }
   static std::string_view View(std::string_view text) { return text; }
@@ -82,6 +90,7 @@ struct TextLess {
     return View(a) < View(b);
   }
 };
+// What is found by name, in ascending order.
 template <class T>
 using Registry = std::map<s_str, T, TextLess>;
 

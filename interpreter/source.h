@@ -17,9 +17,12 @@
 
 namespace Quarn {
 
+// A pair of brackets, by their positions in the text.
 struct Bracket {
+  // The place of what is not there.
   static constexpr std::uint32_t kOpenEnd = 0xFFFFFFFF;
 
+  // Where the pair opens and closes.
   std::uint32_t open;
   std::uint32_t close;  // kOpenEnd: never closed
   std::uint32_t
@@ -29,6 +32,7 @@ struct Bracket {
 // Lends the room for the indexes of texts that are evaluated inside one another; see Source.
 using BracketRoom = std::vector<Bracket>;
 
+// A text and the index of its brackets.
 class Source {
  public:
   // The text must outlive the source, and sources that share a room must go in reverse order of
@@ -61,9 +65,11 @@ class Source {
 class Piece {
  public:
   Piece() = default;  // of nothing; only good for being assigned to
+  // The whole of a source.
   explicit Piece(const Source& source)
       : source_(&source), end_(static_cast<std::uint32_t>(source.GetText().size())) {}
 
+  // The characters of the piece, and where they stand in the text of the source.
   std::string_view GetText() const {
     return std::string_view(source_->GetText().data() + begin_, end_ - begin_);
   }

@@ -23,11 +23,14 @@
 
 namespace Quarn {
 
+// Which overload was called for which types of arguments.
 using FunctionDispatch = CallDispatch<Registry<Function>, Function>;
 
 class State {
  public:
-  State();  // standard output and standard input
+  // Prints to standard output and reads from standard input, or does so with streams that must
+  // outlive it.
+  State();
   State(std::ostream& out, std::istream& in);
   State(const State&) = delete;
   State& operator=(const State&) = delete;
@@ -101,6 +104,7 @@ class State {
 
   // ---- Registration: an entry for the same key takes the place of an earlier one ----
 
+  // The one way for types, operators and functions to get in; see registry.h about the rows.
   void AddType(const TypeRow& row);
   void AddBinary(std::initializer_list<BinaryRow> rows);
   // Written before their operand: -a.
@@ -113,10 +117,12 @@ class State {
 
   // ---- What it holds ----
 
+  // Operators by their text, then by the types of their operands from left to right.
   using UnaryRegistry = Registry<Registry<UnaryOperator>>;
   using BinaryRegistry = Registry<Registry<Registry<BinaryOperator>>>;
   using FunctionRegistry = Registry<Registry<Function>>;
 
+  // Each can be walked by name, in ascending order; the names of symbols are got first.
   const SymbolTable& GetSymbols() const { return symbols_; }
   const Registry<TypeRow>& GetTypes() const { return types_; }
   const BinaryRegistry& GetBinaryOperators() const { return binary_; }

@@ -14,6 +14,7 @@ namespace Quarn {
 
 class Symbol {
  public:
+  // The name of the abstract type.
   static constexpr char kType[] = "Symbol";
 
   // The value text is the name, and stays it when the name is changed.
@@ -44,8 +45,11 @@ class Symbol {
   // text, always at the same address, so that look-ups compare addresses. Null: ask GetType.
   virtual const char* GetFixedType() const { return nullptr; }
 
+  // The name of the symbol that the value is of; empty for a temporary.
   const s_str& GetName() const { return name_; }
+  // Renames, and leaves the value text.
   void SetName(const s_str& name) { name_ = name; }
+  // The name at first, which is all the value that an abstract symbol has.
   const s_str& GetValueText() const { return value_text_; }
 
   // Values come from the pool, whatever their class.
@@ -54,6 +58,7 @@ class Symbol {
 
  protected:
   Symbol() = default;  // a temporary
+  // Makes a temporary of a named value.
   void ClearNames() {
     name_.Clear();
     value_text_.Clear();

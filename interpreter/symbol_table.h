@@ -13,6 +13,7 @@ namespace Quarn {
 
 class SymbolTable {
  public:
+  // The name of the last result.
   static constexpr std::string_view kLastResult = "_";
 
   // The value of a name; null when there is none. Valid until the name is erased or all are.
@@ -40,6 +41,7 @@ class SymbolTable {
     SetLastResult({});
   }
 
+  // How many names have a value, the last result included.
   s_uint GetSize() const {
     return static_cast<unsigned int>(symbols_.size() + (last_result_ ? 1 : 0));
   }

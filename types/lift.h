@@ -16,6 +16,7 @@ inline double NumberOf(const Symbol& value) {
   return static_cast<const Scalar&>(value).GetValue().Get();
 }
 
+// A new unnamed Scalar.
 inline s_refptr<Symbol> NewNumber(double value) { return s_refptr<Symbol>(new Scalar(value)); }
 
 // A new number in place of one that is used up: an operand that nobody else holds, as those within

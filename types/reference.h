@@ -13,13 +13,16 @@ namespace Quarn {
 
 class Reference final : public Symbol {
  public:
+  // The name of the type, and what adds it to a State, which does it itself.
   static constexpr const char* kType = kReferenceType;
   static void Register(State& state);
 
   explicit Reference(const s_str& name) : Symbol(name) {}  // null
+  // To an expression, which that State evaluates.
   Reference(State& state, const s_str& name, std::string_view expression)
       : Symbol(name), expression_(expression), state_(&state) {}
 
+  // Its text; null references have none.
   const s_str& GetExpression() const { return expression_; }
   bool IsNullReference() const { return expression_.IsEmpty() ? true : false; }
 

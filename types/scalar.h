@@ -12,13 +12,16 @@ class State;
 
 class Scalar final : public Symbol {
  public:
+  // The name of the type, and what adds it to a State, which does it itself.
   static constexpr char kType[] = "Scalar";
   static void Register(State& state);
 
+  // Without a number, it is NaN.
   explicit Scalar(const s_str& name) : Symbol(name), value_(s_double::NaN()) {}
   Scalar(const s_str& name, s_double value) : Symbol(name), value_(value) {}
   explicit Scalar(s_double value) : value_(value) {}  // a temporary
 
+  // The number.
   s_double GetValue() const { return value_; }
   // Makes a new temporary of an object that nobody else holds.
   void BecomeTemporary(s_double value) {

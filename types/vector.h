@@ -12,6 +12,7 @@ namespace Quarn {
 
 class Vector final : public Symbol {
  public:
+  // The name of the type, and what adds it to a State: once, after construction.
   static constexpr char kType[] = "Vector";
   static void Register(State& state);
 
@@ -29,6 +30,7 @@ class Vector final : public Symbol {
       : Symbol(name), elements_(std::move(elements)) {}
   ~Vector() override;
 
+  // In order, and how many.
   const Values& GetElements() const { return *elements_; }
   s_uint GetSize() const { return elements_->GetSize(); }
 

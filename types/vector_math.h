@@ -19,6 +19,7 @@ s_refptr<Symbol> AddElements(State&, const s_refptr<Symbol>& left, const s_refpt
 s_refptr<Symbol> SubtractElements(State&, const s_refptr<Symbol>& left,
                                   const s_refptr<Symbol>& right, s_str& error);
 
+// "-" of each element.
 s_refptr<Symbol> NegateElements(State&, const s_refptr<Symbol>& vector, s_str& error);
 
 // (a1 b2 - a2 b1, a2 b0 - a0 b2, a0 b1 - a1 b0). Fails unless both lengths are 3.

@@ -16,6 +16,7 @@ namespace Quarn {
 
 class File : public std::fstream {
  public:
+  // How a file is opened.
   enum Mode : unsigned int {
     kReadWrite = 0,  // the file must exist and allow both
     kRead = 1,
@@ -29,6 +30,7 @@ class File : public std::fstream {
   // Can the path be opened for reading? Never for an empty path.
   static s_bool Exists(const s_str& path);
 
+  // Is there a file behind it?
   s_bool IsOpen() const { return is_open(); }
   // Open, and the end was not met yet. It is met by reading the last line when no newline ends it,
   // and otherwise by reading the empty line after it.

@@ -17,8 +17,10 @@ namespace Quarn {
 
 class Profiler {
  public:
+  // The source of its messages.
   static constexpr char kClassName[] = "Profiler";
 
+  // Of that name in the report.
   explicit Profiler(const s_str& name) : name_(name) {}
 
   // Counts one call that took so many seconds.
@@ -26,6 +28,7 @@ class Profiler {
   // Counts one call that was not timed.
   void CountUntimed();
 
+  // As it was made with.
   const s_str& GetName() const { return name_; }
   // All calls, those that were not timed included.
   s_uint GetCalls() const { return calls_; }
@@ -46,6 +49,7 @@ class Profiler {
   s_ctnr<s_double> records_;
 };
 
+// The profilers of one name.
 class ProfilerGroup {
  public:
   // The profiler of that name, made on first use. It stays where it is as long as the group.
@@ -59,12 +63,14 @@ class ProfilerGroup {
   s_ctnr<Profiler> profilers_;
 };
 
+// By name.
 using ProfilerGroups = std::map<s_str, ProfilerGroup>;
 
 // A stopwatch that runs from its construction and records into its profiler when it ends. Whether
 // the call is timed is settled at the start: it is when profiling is on.
 class Chrono {
  public:
+  // The source of its messages.
   static constexpr char kClassName[] = "Chrono";
 
   // REQUIRES: the profiler outlives the Chrono.
@@ -76,6 +82,7 @@ class Chrono {
   // Ends the measuring and records it; only the first Stop does so.
   void Stop();
 
+  // As a timer does.
   void Start() { timer_.Start(); }
   void Pause() { timer_.Pause(); }
   void Reset() { timer_.Reset(); }

@@ -12,12 +12,15 @@ namespace Quarn {
 template <class T>
 class s_bool_t {
  public:
+  // What converts neither to a number nor to a bool by accident.
   using Test = void (*)();
 
   constexpr s_bool_t() = default;
+  // From a bool alone.
   template <std::same_as<T> Value>
   constexpr s_bool_t(Value value) : value_(value) {}
 
+  // Null exactly when the value is false.
   constexpr operator Test() const { return value_ ? &IsTrue : nullptr; }
   constexpr bool operator!() const { return !value_; }
 

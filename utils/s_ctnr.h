@@ -18,6 +18,7 @@ template <class T, class C>
 class s_ctnr_t {
  public:
   s_ctnr_t() = default;
+  // Of these elements, in order.
   s_ctnr_t(std::initializer_list<T> elements) : elements_(elements) {}
   s_ctnr_t(const s_ctnr_t&) = default;
   s_ctnr_t(s_ctnr_t&&) = default;
@@ -25,14 +26,17 @@ class s_ctnr_t {
   s_ctnr_t& operator=(s_ctnr_t&&) = default;
   virtual ~s_ctnr_t() = default;
 
+  // At the end.
   void PushBack(T element) { elements_.push_back(std::move(element)); }
   void PopBack() { elements_.pop_back(); }  // REQUIRES: not empty
+  // Removes all.
   void Clear() { elements_.clear(); }
   // Removes the element at an index from 0; an index past the end removes nothing.
   void Erase(s_uint index) {
     if (index < GetSize()) elements_.erase(elements_.begin() + index.Get());
   }
 
+  // How many elements there are, and whether there are none.
   s_uint GetSize() const { return static_cast<unsigned int>(elements_.size()); }
   s_bool IsEmpty() const { return elements_.empty(); }
 
@@ -40,6 +44,7 @@ class s_ctnr_t {
   T& operator[](s_uint index) { return elements_.at(Checked(index)); }
   const T& operator[](s_uint index) const { return elements_.at(Checked(index)); }
 
+  // In order, as for every standard container.
   auto begin() { return elements_.begin(); }
   auto end() { return elements_.end(); }
   auto begin() const { return elements_.begin(); }

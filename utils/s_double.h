@@ -12,15 +12,20 @@ namespace Quarn {
 template <std::floating_point T>
 class s_double_t {
  public:
+  // What kind of number it is.
   enum class Class { kFinite = 0, kPositiveInfinity = 1, kNegativeInfinity = 2, kNaN = 3 };
 
+  // A quiet NaN.
   static constexpr s_double_t NaN() { return std::numeric_limits<T>::quiet_NaN(); }
 
   constexpr s_double_t() = default;
+  // The plain number, in and out.
   constexpr s_double_t(T value) : value_(value) {}
 
+  // The plain number.
   constexpr T Get() const { return value_; }
 
+  // The class, and two questions about it.
   Class Classify() const {
     if (std::isnan(value_)) return Class::kNaN;
     if (std::isfinite(value_)) return Class::kFinite;
@@ -42,6 +47,7 @@ class s_double_t {
     return static_cast<unsigned int>(std::fmod(rounded, kWords));
   }
 
+  // The arithmetic of IEEE numbers.
   constexpr s_double_t operator-() const { return -value_; }
   friend constexpr s_double_t operator+(s_double_t a, s_double_t b) { return a.value_ + b.value_; }
   friend constexpr s_double_t operator-(s_double_t a, s_double_t b) { return a.value_ - b.value_; }

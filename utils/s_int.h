@@ -14,22 +14,27 @@ namespace Quarn {
 template <std::integral T>
 class s_int_t {
  public:
+  // What kind of value it is.
   enum class State : unsigned int { kNumber = 0, kInfinite = 1, kNaN = 2 };
 
+  // The values that are no number.
   static const s_int_t NaN;
   static const s_int_t INF;
 
   constexpr s_int_t() = default;
+  // A number.
   constexpr s_int_t(T value) : value_(value) {}
 
   // The value without its state; 0 for NaN and INF.
   constexpr T Get() const { return value_; }
   constexpr State GetState() const { return state_; }
 
+  // Is it a number, is it NaN, is it the number 0?
   constexpr s_bool IsValid() const { return state_ == State::kNumber; }
   constexpr s_bool IsNaN() const { return state_ == State::kNaN; }
   constexpr s_bool IsNull() const { return state_ == State::kNumber && value_ == 0; }
 
+  // NaN with anything is NaN; INF with a number is INF.
   friend constexpr s_int_t operator+(s_int_t a, s_int_t b) {
     return a.WithStateOf(b, static_cast<T>(a.Bits() + b.Bits()));
   }

@@ -34,6 +34,7 @@ class s_refptr {
     *weak_ = 0;
   }
 
+  // One more owner, or the same one in another place.
   s_refptr(const s_refptr& other)
       : object_(other.object_), strong_(other.strong_), weak_(other.weak_) {
     if (strong_) ++*strong_;
@@ -62,16 +63,20 @@ class s_refptr {
 
   ~s_refptr() { Release(); }
 
+  // The object, which stays shared. REQUIRES, but for Get: not null.
   T* operator->() const { return object_; }
   T& operator*() const { return *object_; }
   T* Get() const { return object_; }
 
+  // Is there no object?
   s_bool IsNull() const { return object_ == nullptr; }
+  // Is there one?
   explicit operator bool() const { return object_ != nullptr; }
 
   // The number of owners; 0 for null.
   unsigned int GetCount() const { return strong_ ? *strong_ : 0; }
 
+  // Exchanges what the two point to; the counts stay.
   void Swap(s_refptr& other) noexcept {
     std::swap(object_, other.object_);
     std::swap(strong_, other.strong_);

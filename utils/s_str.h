@@ -22,6 +22,7 @@ namespace Quarn {
 template <class T>
 class s_str_t {
  public:
+  // The standard types behind it.
   using String = std::basic_string<T>;
   using View = std::basic_string_view<T>;
   using const_iterator = typename String::const_iterator;
@@ -32,6 +33,7 @@ class s_str_t {
   s_str_t(String text) : text_(std::move(text)) {}
   explicit s_str_t(View text) : text_(text) {}
 
+  // The text; valid until it is changed.
   const String& Get() const { return text_; }
   View GetView() const { return text_; }
   // The text itself, with the room it has; what stays here is empty.
@@ -39,9 +41,12 @@ class s_str_t {
   const_iterator begin() const { return text_.begin(); }
   const_iterator end() const { return text_.end(); }
 
+  // In characters.
   s_uint GetSize() const { return static_cast<unsigned int>(text_.size()); }
+  // Makes it empty.
   void Clear() { text_.clear(); }
 
+  // Adds at the end, and returns the whole.
   s_str_t& Append(T character) {
     text_ += character;
     return *this;
@@ -61,6 +66,7 @@ class s_str_t {
     return a;
   }
 
+  // Character by character.
   friend s_bool operator==(const s_str_t& a, const s_str_t& b) { return a.text_ == b.text_; }
   friend s_bool operator!=(const s_str_t& a, const s_str_t& b) { return a.text_ != b.text_; }
   // By character code, a shorter prefix first: the order of maps keyed by s_str_t.

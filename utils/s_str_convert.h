@@ -23,6 +23,7 @@ inline constexpr std::size_t kNumberRoom = 32;
 // REQUIRES: room for kNumberRoom characters.
 char* WriteDouble(char* out, double value);
 
+// The same as a text.
 s_str ToText(s_double value);
 s_str ToText(s_float value);
 // "inf" and "nan" for the states that are no number; without sign or padding otherwise.
@@ -47,10 +48,13 @@ s_float ToFloat(const s_str& text);
 s_uint ToUint(const s_str& text);
 s_ulong ToUlong(const s_str& text);
 
+// A text that is a boolean.
 struct BooleanWord {
+  // What is written, and what it means.
   const char* text;
   bool value;
 };
+// All of them.
 inline constexpr BooleanWord kBooleanWords[] = {
     {"false", false},
     {"true",  true },

@@ -20,8 +20,10 @@ namespace Quarn {
 
 class TimeManager {
  public:
+  // The source of its messages.
   static constexpr char kClassName[] = "TimeManager";
 
+  // Seconds since any fixed time.
   using ClockFunction = s_double (*)();
 
   TimeManager(const TimeManager&) = delete;

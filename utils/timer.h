@@ -14,6 +14,7 @@ namespace Quarn {
 
 class Timer {
  public:
+  // The source of its messages.
   static constexpr char kClassName[] = "Timer";
 
   // Starts at once, or paused with no time elapsed.
@@ -26,6 +27,7 @@ class Timer {
   // Sets the elapsed time to 0; a running timer runs on, a paused one stays so.
   void Reset();
 
+  // Does it stand still? It does until it is started.
   s_bool IsPaused() const { return paused_; }
   // In seconds.
   s_double GetElapsed() const;
@@ -36,8 +38,10 @@ class Timer {
   s_bool paused_ = true;
 };
 
+// A timer that rings once per period.
 class PeriodicTimer {
  public:
+  // The source of its messages.
   static constexpr char kClassName[] = "PeriodicTimer";
 
   // A period in seconds. One that is not above 0, or not finite, never passes, and a warning says
@@ -48,11 +52,13 @@ class PeriodicTimer {
   // another from the start, and none is lost.
   s_bool HasPassed();
 
+  // What is paused goes on where it was.
   void Start() { timer_.Start(); }
   void Pause() { timer_.Pause(); }
   // Begins the first period anew; periods that passed unasked are forgotten.
   void Reset();
 
+  // Does it stand still?
   s_bool IsPaused() const { return timer_.IsPaused(); }
   // In seconds; NaN for a period that was refused.
   s_double GetPeriod() const { return period_; }

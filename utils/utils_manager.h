@@ -13,6 +13,7 @@ namespace Quarn {
 
 class UtilsManager : public Manager<UtilsManager> {
  public:
+  // The source of its messages.
   static constexpr char kClassName[] = "UtilsManager";
 
   // Gets a line without a newline, and ends it.
@@ -21,6 +22,7 @@ class UtilsManager : public Manager<UtilsManager> {
   // Null drops all that follows.
   void SetPrintFunction(PrintFunction print) { print_ = print; }
 
+  // Hands a line to the print function; it is lost when there is none.
   void Print(const s_str& text);
 
   // Print the message after a fixed word and the name of its source, which may be empty.

@@ -1,4 +1,5 @@
-# Builds one consumer in a directory that is made new, and runs it.
+# Builds one consumer in a directory that is made new, and runs it. The kind is a folder beside this
+# file, or the path of a project with tests of its own.
 #   cmake -D kind=find_package -D source=<tree> -D prefix=<installed> -D directory=<to build in>
 #         -D compiler=<c++> -D version=<x.y.z> -P build.cmake
 cmake_minimum_required(VERSION 3.21)
@@ -14,10 +15,16 @@ if(kind STREQUAL "pkg_config")
   set(ENV{PKG_CONFIG_PATH} ${prefix}/${libdir}/pkgconfig)
   run(${consumers}/pkg_config/build.sh ${compiler} ${consumers}/consumer.cpp ${directory}/consumer)
   run(pkg-config --exact-version=${version} mirlow)
+elseif(IS_ABSOLUTE ${kind})
+  run(${CMAKE_COMMAND} -S ${kind} -B ${directory} -DCMAKE_CXX_COMPILER=${compiler}
+    -DCMAKE_PREFIX_PATH=${prefix} "-DCMAKE_CXX_FLAGS=-Wall -Wextra -Wpedantic -Wshadow -Werror")
+  run(${CMAKE_COMMAND} --build ${directory})
+  run(${CMAKE_CTEST_COMMAND} --test-dir ${directory} --output-on-failure --no-tests=error)
+  return()
 else()
   run(${CMAKE_COMMAND} -S ${consumers}/${kind} -B ${directory} -DCMAKE_CXX_COMPILER=${compiler}
     -DCMAKE_PREFIX_PATH=${prefix} -DMIRLOW_SOURCE=${source} -DFETCHCONTENT_FULLY_DISCONNECTED=ON)
-  run(${CMAKE_COMMAND} --build ${directory} --target consumer)
+  run(${CMAKE_COMMAND} --build ${directory})
 endif()
 
 execute_process(COMMAND ${directory}/consumer OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)

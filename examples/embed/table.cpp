@@ -1,0 +1,47 @@
+// A program that computes with text from its user: the values of a formula in x, one per line.
+//   table "x*x-1" 0 4
+#include <cstdlib>
+#include <iostream>
+#include <sstream>
+
+#include "interpreter/state.h"
+#include "types/lift.h"
+#include "types/value.h"
+#include "types/vector.h"
+
+namespace {
+
+// The user's formula for one x: the text of its value, or what the user should read instead.
+std::string Compute(Quarn::State& state, const std::string& formula, double x, bool& good) {
+  state.SetSymbol("x", Quarn::FromNumber(x));
+  const Quarn::Result result = state.Compute(formula);
+  good = static_cast<bool>(result);
+  return good ? Quarn::ToText(result.value) : result.error;
+}
+
+// "clamp" takes a number into the interval from 0 to a limit.
+double Clamp(double x, double limit) { return x < 0 ? 0 : x > limit ? limit : x; }
+
+}  // namespace
+
+int main(int count, char** values) {
+  if (count != 4) {
+    std::cerr << "usage: table FORMULA FIRST LAST\n";
+    return 2;
+  }
+  std::ostringstream nobody_reads;
+  std::istringstream nobody_types;
+  Quarn::State state(nobody_reads, nobody_types);
+  Quarn::Vector::Register(state);
+  state.AddFunctions({
+      {"clamp", {"Scalar", "Scalar"}, Quarn::OfNumbers(Clamp)}
+  });
+
+  for (double x = std::atof(values[2]); x <= std::atof(values[3]); ++x) {
+    bool good = false;
+    const std::string text = Compute(state, values[1], x, good);
+    (good ? std::cout : std::cerr) << text << '\n';
+    if (!good) return 1;
+  }
+  return 0;
+}
