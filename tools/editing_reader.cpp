@@ -41,6 +41,8 @@ class EditingReader : public LineReader {
   Outcome Read(std::string& line) override {
     std::fflush(stdout);
     was_abandoned_ = false;
+    // Before the prompt: whoever sees it may press Ctrl-C.
+    el_set(editor_, EL_PREP_TERM, 1);
     int count = 0;
     const char* typed = el_gets(editor_, &count);
     if (was_abandoned_) return Outcome::kAbandoned;

@@ -8,20 +8,29 @@
 namespace Quarn {
 namespace {
 
-// While it lives, Ctrl-C ends reading and not the program.
+// While it lives, Ctrl-C ends reading and not the program. The signal waits until reading does, so
+// that it is not lost on the way there.
 class InterruptsReading {
  public:
   InterruptsReading() {
     struct sigaction action = {};
     action.sa_handler = [](int) {};
     sigaction(SIGINT, &action, &before_);
+    sigset_t interrupt;
+    sigemptyset(&interrupt);
+    sigaddset(&interrupt, SIGINT);
+    sigprocmask(SIG_BLOCK, &interrupt, &mask_before_);
   }
   InterruptsReading(const InterruptsReading&) = delete;
   InterruptsReading& operator=(const InterruptsReading&) = delete;
-  ~InterruptsReading() { sigaction(SIGINT, &before_, nullptr); }
+  ~InterruptsReading() {
+    sigprocmask(SIG_SETMASK, &mask_before_, nullptr);
+    sigaction(SIGINT, &before_, nullptr);
+  }
 
  private:
   struct sigaction before_ = {};
+  sigset_t mask_before_ = {};
 };
 
 class PlainReader : public LineReader {
@@ -29,8 +38,8 @@ class PlainReader : public LineReader {
   explicit PlainReader(TerminalInput& input) : input_(input) {}
 
   Outcome Read(std::string& line) override {
-    std::cout << "> " << std::flush;
     const InterruptsReading guard;
+    std::cout << "> " << std::flush;
     std::istream in(&input_);
     if (std::getline(in, line)) return Outcome::kLine;
     std::cout << std::endl;

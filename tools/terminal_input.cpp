@@ -1,8 +1,10 @@
 #include "tools/terminal_input.h"
 
+#include <poll.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <utility>
 
 namespace Quarn {
@@ -10,7 +12,12 @@ namespace Quarn {
 bool TerminalInput::TakeInterruption() { return std::exchange(was_interrupted_, false); }
 
 TerminalInput::int_type TerminalInput::underflow() {
-  const ssize_t count = read(file_, &character_, 1);
+  // A signal that is held back comes through while this waits, and at no other time.
+  sigset_t none;
+  sigemptyset(&none);
+  pollfd waiting{file_, POLLIN, 0};
+  const int ready = ppoll(&waiting, 1, nullptr, &none);
+  const ssize_t count = ready < 0 ? ready : read(file_, &character_, 1);
   if (count == 1) {
     setg(&character_, &character_, &character_ + 1);
     return traits_type::to_int_type(character_);

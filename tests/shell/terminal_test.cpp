@@ -33,6 +33,7 @@ TEST_P(AnyShell, AnswersAtThePrompt) {
   EXPECT_TRUE(Answers("x=<1, 2>", "\tDefining Vector : x = <1, 2>\r\n"));
   EXPECT_TRUE(Answers("", "\n"));
   EXPECT_TRUE(Answers("x*2", "\tVector : <2, 4>\r\n"));
+  ASSERT_TRUE(terminal_.Shows("> "));
   terminal_.Type(Terminal::kControlD);
   EXPECT_EQ(terminal_.Wait(), 0);
 }
@@ -140,6 +141,7 @@ TEST_F(EditingShell, RemembersLinesFromRunToRun) {
       terminal.Type(line);
     }
     EXPECT_TRUE(terminal.Shows("\tScalar : 23\r\n"));
+    ASSERT_TRUE(terminal.Shows("> "));
     terminal.Type(Terminal::kControlD);
     terminal.Wait();
   }

@@ -82,9 +82,11 @@ bool Terminal::ReadMore(std::chrono::milliseconds patience) {
 }
 
 int Terminal::Wait() {
-  // What it still has to show would hold it up.
+  // What it still has to show would hold it up. One that does not end is made to.
+  const auto limit = std::chrono::steady_clock::now() + kPatience;
   while (ReadMore(kPatience)) {
   }
+  if (std::chrono::steady_clock::now() >= limit) kill(child_, SIGKILL);
   int status = 0;
   while (waitpid(child_, &status, 0) < 0 && errno == EINTR) {
   }
@@ -93,10 +95,12 @@ int Terminal::Wait() {
 }
 
 int Terminal::Interrupt() {
+  const auto limit = std::chrono::steady_clock::now() + kPatience;
   int status = 0;
   while (waitpid(child_, &status, WNOHANG) == 0) {
     Type(kControlC);
     ReadMore(kMoment);
+    if (std::chrono::steady_clock::now() >= limit) kill(child_, SIGKILL);
   }
   child_ = -1;
   return StatusOf(status);

@@ -38,7 +38,8 @@ class Terminal {
   // All that appeared so far and was not asked for.
   const std::string& GetRest() const { return rest_; }
 
-  // Waits for the end: the exit status, or minus the number of the signal.
+  // Waits for the end: the exit status, or minus the number of the signal. Kills a child that does
+  // not end within a minute.
   int Wait();
   // Presses Ctrl-C until the child ends; as Wait.
   int Interrupt();
