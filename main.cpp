@@ -25,12 +25,10 @@ void PrintLine(const s_str& text) {
 
 s_double GetProcessorSeconds() { return static_cast<double>(std::clock()) / 1e6; }
 
-// Results wait in one buffer; they are written when it is full, at the prompt, before a question,
-// before what may never come back, and at the end.
+// Results wait in the stream's buffer; they are written when it is full, at the prompt, before a
+// question, before what may never come back, and at the end.
 void BufferOutput() {
-  static char buffer[1 << 16];
   std::ios::sync_with_stdio(false);
-  std::cout.rdbuf()->pubsetbuf(buffer, sizeof buffer);
   // Not even memory that runs out takes back what was printed.
   std::set_terminate([] {
     std::cout.flush();
