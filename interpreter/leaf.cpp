@@ -176,7 +176,7 @@ bool State::BuildLiteral(const Piece& leaf, const s_str& name, s_str& error,
 const Function* State::FindOverload(const s_str& name, const Registry<Function>& overloads,
                                     Values& arguments, s_str& error) const {
   s_str signature = "(";
-  std::string_view separator = "";
+  std::string_view separator;
   for (s_refptr<Symbol>& argument : arguments) {
     s_refptr<Symbol> resolved = Resolve(argument);
     if (depth_.IsExhausted()) return nullptr;

@@ -71,7 +71,7 @@ class Piece {
 
   // The characters of the piece, and where they stand in the text of the source.
   std::string_view GetText() const {
-    return std::string_view(source_->GetText().data() + begin_, end_ - begin_);
+    return {source_->GetText().data() + begin_, end_ - begin_};
   }
   std::uint32_t GetBegin() const { return begin_; }
   std::uint32_t GetEnd() const { return end_; }
