@@ -58,19 +58,21 @@ using UnaryMessage = s_str (*)(std::string_view op, const s_str& type, const s_s
 s_refptr<Symbol> State::ApplyBinaryOperator(std::string_view op, s_refptr<Symbol> left,
                                             s_refptr<Symbol> right, s_str& error) {
   const std::size_t known = FindOperator(op);
-  return known == kOperators ? SearchBinary(op, left, right, error)
-                             : ApplyBinary(known, left, right, error);
+  if (known == kOperators) return SearchBinary(op, left, right, error);
+  ApplyBinary(known, left, right, error);
+  return left;
 }
 
-s_refptr<Symbol> State::ApplyBinary(std::size_t op, s_refptr<Symbol>& left, s_refptr<Symbol>& right,
-                                    s_str& error) {
-  const char* left_type = left->GetFixedType();
-  const char* right_type = right->GetFixedType();
-  if (left_type && right_type) {
-    const BinaryOperator* body = binary_dispatch_.Find(op, left_type, right_type);
-    if (body) return Invoke(*body, left, right, error);
+void State::ApplyBinary(std::size_t op, s_refptr<Symbol>& left, s_refptr<Symbol>& right,
+                        s_str& error) {
+  const BinaryImplementation* known = FindRemembered(op, *left, *right);
+  if (!known) {
+    left = SearchBinary(kPriorities[op].text, left, right, error);
+  } else if (known->in_place) {
+    known->in_place(left, right);
+  } else {
+    left = Invoke(*known->body, left, right, error);
   }
-  return SearchBinary(kPriorities[op].text, left, right, error);
 }
 
 s_refptr<Symbol> State::SearchBinary(std::string_view op, const s_refptr<Symbol>& left,
@@ -96,11 +98,11 @@ s_refptr<Symbol> State::SearchBinary(std::string_view op, const s_refptr<Symbol>
 // Only values that stand for themselves are remembered: a reference is another value next time.
 void State::Remember(std::string_view op, const Symbol& left, const Symbol& right,
                      const BinaryOperator& body) {
-  const char* left_type = left.GetFixedType();
-  const char* right_type = right.GetFixedType();
   const std::size_t known = FindOperator(op);
-  if (!left_type || !right_type || known == kOperators) return;
-  binary_dispatch_.Remember(known, left_type, right_type, &body);
+  if (!left.GetFixedType() || !right.GetFixedType() || known == kOperators) return;
+  const auto* in_place = body.target<InPlaceOperator>();
+  binary_dispatch_.Remember(known, &typeid(left), &typeid(right),
+                            {&body, in_place ? in_place->body : nullptr});
 }
 
 [[gnu::noinline]] s_refptr<Symbol> State::Defer(std::string_view op, const Symbol& left,

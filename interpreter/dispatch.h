@@ -1,7 +1,7 @@
-// Dispatch remembers which implementation of an operator was found for which operand types, so that
-// the registries are searched by text once and not for every application. It knows types by the
-// address of their fixed name (Symbol::GetFixedType); types without one are always searched for.
-// Registry entries are never removed, so what it remembers stays right.
+// Dispatch remembers which implementation of a binary operator was found for operands of which
+// classes, so that the registries are searched by text once and not for every application. Only
+// classes with a fixed type (Symbol::GetFixedType) may be remembered; each is known by an address
+// of its own. Whoever changes the registry forgets everything.
 #pragma once
 
 #include <array>
@@ -12,29 +12,30 @@
 
 namespace Quarn {
 
-template <class Body>
+template <class Implementation>
 class Dispatch {
  public:
-  // Null when nothing is remembered. `right` is null for an operator with one operand.
-  const Body* Find(std::size_t op, const char* left, const char* right) const {
+  // Null when nothing is remembered; valid until the next that is. REQUIRES: classes, not null.
+  const Implementation* Find(std::size_t op, const void* left, const void* right) const {
     for (const Entry& entry : entries_[op]) {
-      if (entry.left == left && entry.right == right) return entry.body;
+      if (entry.left == left && entry.right == right) return &entry.implementation;
     }
     return nullptr;
   }
 
   // Forgets the oldest of the operator when all places are taken.
-  void Remember(std::size_t op, const char* left, const char* right, const Body* body) {
-    entries_[op][oldest_[op]++ % kPlaces] = {left, right, body};
+  void Remember(std::size_t op, const void* left, const void* right,
+                Implementation implementation) {
+    entries_[op][oldest_[op]++ % kPlaces] = {left, right, implementation};
   }
 
  private:
   static constexpr std::size_t kPlaces = 4;
 
   struct Entry {
-    const char* left = nullptr;
-    const char* right = nullptr;
-    const Body* body = nullptr;
+    const void* left = nullptr;
+    const void* right = nullptr;
+    Implementation implementation{};
   };
 
   Entry entries_[kOperators][kPlaces];

@@ -79,11 +79,11 @@ class Evaluation {
   std::uint8_t GetNextOperator() const;
   bool IsLastDue() const;
   bool ApplyLast();
-  void ApplyUnary(std::size_t place, bool has_left);
+  bool ApplyBinary(std::uint8_t op);
+  bool ApplyUnary(std::size_t place, bool has_left);
   s_refptr<Symbol> TakeResult();
 
-  // Does a value stand behind the last pending operator?
-  bool HasValue() const { return value_ ? true : false; }
+  void PickUpFolded();
   // Is the operand all there is? Then its value is the result, and bears the name.
   bool IsWhole() const {
     return outermost_ && operand_.GetBegin() == level_begin_ && operand_.GetEnd() == level_end_;
@@ -96,8 +96,12 @@ class Evaluation {
   std::optional<Source> source_;  // of a text of its own
   Piece rest_;                    // what is still to be read of the level
   Piece operand_;  // what was read last: a leaf, parentheses, or nothing between two operators
-  s_refptr<Symbol> value_;  // what was read or computed last; the values before it are in the list
-  s_refptr<Symbol> left_;   // of the operator that is being applied
+  // The value behind the last pending operator. Where an operator was applied, it is where the left
+  // operand was, which saves moving it back and forth along a chain.
+  enum class Current : std::uint8_t { kNone, kRead, kFolded };
+  Current current_ = Current::kNone;
+  s_refptr<Symbol> left_;   // of an operator that is being applied in its own way
+  s_refptr<Symbol> value_;  // what was read; once used up, it may be made over by the next literal
   std::uint32_t level_begin_ = 0;  // the level: what the innermost parenthesis holds, or all
   std::uint32_t level_end_ = 0;
   bool outermost_ = true;  // has no parenthesis been opened but around the whole?
@@ -140,14 +144,16 @@ bool Evaluation::ReadLeaf() {
   is_leaf_ = IsWhole();
   const s_str& name = is_leaf_ ? name_ : Symbol::NoName();
   state_.EvaluateLeaf(operand_, name, error_, is_leaf_ && allow_new_symbol_, value_);
-  return HasValue();
+  current_ = Current::kRead;
+  return value_ ? true : false;
 }
 
 void Evaluation::ReadOperator() {
   const std::uint8_t op = GetNextOperator();
   const auto priority = static_cast<std::uint8_t>(kPriorities[op].priority);
-  work_.pending.emplace_back(priority, op, HasValue());
-  if (HasValue()) work_.values.push_back(std::move(value_));
+  work_.pending.emplace_back(priority, op, current_ != Current::kNone);
+  if (current_ == Current::kRead) work_.values.push_back(std::move(value_));
+  current_ = Current::kNone;
   rest_.DropFirst();
 }
 
@@ -170,32 +176,51 @@ bool Evaluation::IsLastDue() const {
   const std::uint8_t op = work_.pending.back().op;
   const bool has_left = work_.pending.back().has_left;
   work_.pending.pop_back();
-  if (has_left && HasValue()) {
-    left_ = std::move(work_.values.back());
-    work_.values.pop_back();
-    value_ = state_.ApplyBinary(op, left_, value_, error_);
+  if (current_ == Current::kFolded) PickUpFolded();
+  if (!has_left || current_ == Current::kNone) return ApplyUnary(op, has_left);
+  current_ = Current::kFolded;
+  s_refptr<Symbol>& left = work_.values.back();
+  const BinaryImplementation* known = state_.FindRemembered(op, *left, *value_);
+  if (!known || !known->in_place) return ApplyBinary(op);
+  known->in_place(left, value_);
+  return true;
+}
+
+[[gnu::noinline]] bool Evaluation::ApplyBinary(std::uint8_t op) {
+  left_ = std::move(work_.values.back());
+  state_.ApplyBinary(op, left_, value_, error_);
+  if (!left_) return false;
+  if (!left_->GetName().IsEmpty()) left_->SetName(Symbol::NoName());
+  work_.values.back() = std::move(left_);
+  value_ = {};
+  return true;
+}
+
+[[gnu::noinline]] bool Evaluation::ApplyUnary(std::size_t place, bool has_left) {
+  const std::string_view op = kPriorities[place].text;
+  if (current_ != Current::kNone) {
+    value_ = state_.ApplyRightUnaryOperator(op, std::move(value_), error_);
+  } else if (has_left) {
+    PickUpFolded();
+    value_ = state_.ApplyLeftUnaryOperator(op, std::move(value_), error_);
   } else {
-    ApplyUnary(op, has_left);
+    AddError(error_, messages::MissingOperands(op));
+    return false;
   }
-  if (!HasValue()) return false;
+  if (!value_) return false;
   if (!value_->GetName().IsEmpty()) value_->SetName(Symbol::NoName());
   return true;
 }
 
-[[gnu::noinline]] void Evaluation::ApplyUnary(std::size_t place, bool has_left) {
-  const std::string_view op = kPriorities[place].text;
-  if (HasValue()) {
-    value_ = state_.ApplyRightUnaryOperator(op, std::move(value_), error_);
-  } else if (has_left) {
-    left_ = std::move(work_.values.back());
-    work_.values.pop_back();
-    value_ = state_.ApplyLeftUnaryOperator(op, std::move(left_), error_);
-  } else {
-    AddError(error_, messages::MissingOperands(op));
-  }
+// Makes the last value of the list the one that was read last.
+void Evaluation::PickUpFolded() {
+  value_ = std::move(work_.values.back());
+  work_.values.pop_back();
+  current_ = Current::kRead;
 }
 
 s_refptr<Symbol> Evaluation::TakeResult() {
+  if (current_ == Current::kFolded) PickUpFolded();
   if (!is_leaf_ && !name_.IsEmpty()) value_->SetName(name_);
   return std::move(value_);
 }

@@ -209,9 +209,9 @@ const Function* State::FindOverload(const s_str& name, const Registry<Function>&
   if (!object) return {};
   s_refptr<Symbol> index = Evaluate(leaf.Behind(open).Before(close), Symbol::NoName(), error);
   if (!index) return {};
-  s_refptr<Symbol> element = ApplyBinary(kIndexing, object, index, error);
-  if (element) element->SetName(name);
-  return element;
+  ApplyBinary(kIndexing, object, index, error);
+  if (object) object->SetName(name);
+  return object;
 }
 
 }  // namespace Quarn

@@ -29,7 +29,8 @@ using TextConstructor = s_refptr<Symbol> (*)(State&, const s_str& name, const s_
 
 // Both at once for a text that still stands in its line, which is spared the copy, and the second
 // search for brackets where a literal holds expressions. False when the text is no literal;
-// otherwise the value is what the constructor would have given. Must agree with the two above.
+// otherwise the value is what the constructor would have given. Must agree with the two above. The
+// value that comes in is null, or one that is used up and may be made over if nobody else holds it.
 using LiteralInPlace = bool (*)(State&, const s_str& name, const Piece& piece, s_str& error,
                                 s_refptr<Symbol>& value);
 
@@ -38,6 +39,22 @@ using LiteralInPlace = bool (*)(State&, const s_str& name, const Piece& piece, s
 using UnaryOperator = std::function<s_refptr<Symbol>(s_refptr<Symbol> operand, s_str& error)>;
 using BinaryOperator =
     std::function<s_refptr<Symbol>(s_refptr<Symbol> left, s_refptr<Symbol> right, s_str& error)>;
+
+// A binary operator that cannot fail and leaves its result where its left operand was, as the
+// arithmetic of numbers does. In a chain of them, no value is passed on and none is made: the
+// evaluator knows one that it finds in a BinaryOperator, and calls it directly.
+struct InPlaceOperator {
+  // Makes `left` the result: the same object, made over, when nobody else holds it. Leaves `right`.
+  using Body = void (*)(s_refptr<Symbol>& left, const s_refptr<Symbol>& right);
+
+  // As a BinaryOperator.
+  s_refptr<Symbol> operator()(s_refptr<Symbol> left, const s_refptr<Symbol>& right, s_str&) const {
+    body(left, right);
+    return left;
+  }
+
+  Body body;
+};
 
 // Functions append their results and return true, or return false with a message added.
 using Function =

@@ -48,6 +48,7 @@ void State::AddBinary(std::initializer_list<BinaryRow> rows) {
     BinaryOperator body = row.body;
     binary_[row.op][row.left][row.right] = std::move(body);
   }
+  binary_dispatch_ = {};
 }
 
 void State::AddUnary(UnaryRegistry& registry, std::initializer_list<UnaryRow> rows) {

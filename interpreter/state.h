@@ -12,6 +12,7 @@
 #include <array>
 #include <initializer_list>
 #include <iosfwd>
+#include <typeinfo>
 #include <unordered_map>
 #include <vector>
 
@@ -23,6 +24,13 @@
 #include "interpreter/workspace.h"
 
 namespace Quarn {
+
+// How a binary operator is carried out.
+struct BinaryImplementation {
+  // As it was registered, and the way around that for one that works in place; else null.
+  const BinaryOperator* body;
+  InPlaceOperator::Body in_place;
+};
 
 // Which overload was called for which types of arguments.
 using FunctionDispatch = CallDispatch<Registry<Function>, Function>;
@@ -166,9 +174,13 @@ class State {
   s_refptr<Symbol> EvaluateOutermost(std::string_view text, const s_str& name, s_str& error,
                                      bool allow_new_symbol);
 
-  // By the operator's place in kPriorities. May use up the operands.
-  s_refptr<Symbol> ApplyBinary(std::size_t op, s_refptr<Symbol>& left, s_refptr<Symbol>& right,
-                               s_str& error);
+  // By the operator's place in kPriorities. The result takes the place of the left operand; the
+  // right one may be used up, or is left as it was.
+  void ApplyBinary(std::size_t op, s_refptr<Symbol>& left, s_refptr<Symbol>& right, s_str& error);
+  const BinaryImplementation* FindRemembered(std::size_t op, const Symbol& left,
+                                             const Symbol& right) const {
+    return binary_dispatch_.Find(op, &typeid(left), &typeid(right));
+  }
   const UnaryOperator* SearchUnary(const UnaryRegistry& registry, std::string_view op,
                                    s_refptr<Symbol>& operand) const;
   void Remember(std::string_view op, const Symbol& left, const Symbol& right,
@@ -206,7 +218,7 @@ class State {
   // The types that may have a literal beginning with a character, in ascending order.
   using LiteralTypes = std::array<std::vector<const TypeRow*>, 256>;
   LiteralTypes literals_;
-  Dispatch<BinaryOperator> binary_dispatch_;
+  Dispatch<BinaryImplementation> binary_dispatch_;
   FunctionDispatch function_dispatch_;
   Workspace workspace_;
   Depth depth_;

@@ -4,6 +4,7 @@
 // What is lifted gets values of the types of its row, as the registries promise.
 #pragma once
 
+#include <type_traits>
 #include <utility>
 
 #include "interpreter/registry.h"
@@ -19,24 +20,36 @@ inline double NumberOf(const Symbol& value) {
 // A new unnamed Scalar.
 inline s_refptr<Symbol> NewNumber(double value) { return s_refptr<Symbol>(new Scalar(value)); }
 
-// A new number in place of one that is used up: an operand that nobody else holds, as those within
-// an expression are, is made over instead of being thrown away.
-inline s_refptr<Symbol> Renew(s_refptr<Symbol>& operand, double value) {
-  if (operand.GetCount() != 1) return NewNumber(value);
-  static_cast<Scalar&>(*operand).BecomeTemporary(value);
-  return std::move(operand);
+// Puts a number in the place of one that is used up: a Scalar that nobody else holds, as those
+// within an expression are, is made over instead of being thrown away.
+inline void Renew(s_refptr<Symbol>& operand, double value) {
+  if (operand.GetCount() != 1) {
+    operand = NewNumber(value);
+  } else {
+    static_cast<Scalar&>(*operand).BecomeTemporary(value);
+  }
 }
 
 // Operators on numbers; `f` takes and returns double.
 template <class F>
 UnaryOperator Unary(F f) {
-  return [f](s_refptr<Symbol>&& operand, s_str&) { return Renew(operand, f(NumberOf(*operand))); };
+  return [f](s_refptr<Symbol>&& operand, s_str&) {
+    Renew(operand, f(NumberOf(*operand)));
+    return std::move(operand);
+  };
 }
 template <class F>
 BinaryOperator Binary(F f) {
-  return [f](s_refptr<Symbol>&& left, s_refptr<Symbol>&& right, s_str&) {
-    return Renew(left, f(NumberOf(*left), NumberOf(*right)));
-  };
+  if constexpr (std::is_empty_v<F> && std::is_default_constructible_v<F>) {
+    return InPlaceOperator{[](s_refptr<Symbol>& left, const s_refptr<Symbol>& right) {
+      Renew(left, F()(NumberOf(*left), NumberOf(*right)));
+    }};
+  } else {
+    return [f](s_refptr<Symbol>&& left, s_refptr<Symbol>&& right, s_str&) {
+      Renew(left, f(NumberOf(*left), NumberOf(*right)));
+      return std::move(left);
+    };
+  }
 }
 
 // The unary operator that gives a copy of its operand, name included.

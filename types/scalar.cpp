@@ -1,6 +1,7 @@
 #include "types/scalar.h"
 
 #include <functional>
+#include <typeinfo>
 
 #include "interpreter/state.h"
 #include "types/lift.h"
@@ -27,7 +28,13 @@ bool BuildInPlace(State&, const s_str& name, const Piece& piece, s_str&, s_refpt
     if (!IsNumberLiteral(text)) return false;
     number = ReadDouble(text).value;
   }
-  value = name.IsEmpty() ? NewNumber(number) : s_refptr<Symbol>(new Scalar(name, number));
+  if (!name.IsEmpty()) {
+    value = s_refptr<Symbol>(new Scalar(name, number));
+  } else if (value && typeid(*value) == typeid(Scalar)) {
+    Renew(value, number);
+  } else {
+    value = NewNumber(number);
+  }
   return true;
 }
 

@@ -117,6 +117,37 @@ TEST_F(Apply, ANewRegistrationTakesThePlaceOfTheOld) {
   EXPECT_EQ(session_.Evaluate("-4"), "Scalar : 4");
 }
 
+TEST_F(Apply, ANewRegistrationIsFoundWhereTheOldOneWorkedInPlace) {
+  EXPECT_EQ(session_.Evaluate("4+2+1"), "Scalar : 7");
+  session_.GetState().AddBinary({
+      {"Scalar", "+", "Scalar",
+       [](s_refptr<Symbol>, s_refptr<Symbol> right, s_str&) { return right; }}
+  });
+  EXPECT_EQ(session_.Evaluate("4+2+1"), "Scalar : 1");
+}
+
+// An operand that an operator keeps is not the one that the next literal is written over.
+TEST_F(Apply, WhatAnOperatorKeepsIsNotMadeOver) {
+  static s_refptr<Symbol> kept;
+  session_.GetState().AddBinary({
+      {"Scalar", "^", "Scalar",
+       [](s_refptr<Symbol> left, s_refptr<Symbol> right, s_str&) {
+         kept = right;
+         return left;
+       }},
+      {"Scalar", "/",    "Scalar",
+       InPlaceOperator{[](s_refptr<Symbol>&, const s_refptr<Symbol>& right) { kept = right; }}}
+  });
+  for (const char* op : {"^", "/"}) {
+    const std::string expression = std::string("1") + op + "2+3-4*5";
+    for (int i = 0; i < 2; ++i) {
+      EXPECT_EQ(session_.Evaluate(expression), "Scalar : -16");
+      EXPECT_EQ(kept->ToString().Get(), "2") << op;
+    }
+  }
+  kept = {};
+}
+
 TEST_F(Apply, WhatIsRegisteredLaterIsFoundToo) {
   EXPECT_EQ(session_.Evaluate("2^3"), NoMatch("Scalar ^ Scalar", "2 ^ 3"));
   session_.GetState().AddBinary({

@@ -35,25 +35,29 @@ TEST(Evaluate, TheTighterOperatorGoesFirst) {
       {"Scalar", "^", "Scalar", Binary([](double x, double y) { return std::pow(x, y); })}
   });
   const ValueRow kRows[] = {
-      {"2+3*4",     "Scalar : 14"},
-      {"2*3+4",     "Scalar : 10"},
-      {"2*3+4*5",   "Scalar : 26"},
-      {"1-6/3-1",   "Scalar : -2"},
-      {"2*3^2",     "Scalar : 18"},
-      {"2^3^2",     "Scalar : 64"},
-      {"-2^2",      "Scalar : -4"}, // the sign comes last
-      {"!3^2",      "Scalar : 36"}, // the factorial first
-      {"2^!3",      "Scalar : 64"},
-      {"!3*2",      "Scalar : 12"},
-      {"-2*3",      "Scalar : -6"},
-      {"-2+3",      "Scalar : 1" },
-      {"-!3",       "Scalar : -6"},
-      {"2*(3+4)",   "Scalar : 14"},
-      {"(1-2)-3",   "Scalar : -4"},
-      {"1-(2-3)",   "Scalar : 2" },
-      {"8/(4/2)",   "Scalar : 4" },
-      {"!(1+2)",    "Scalar : 6" },
-      {"1+2*3^2-4", "Scalar : 15"},
+      {"2+3*4",         "Scalar : 14"},
+      {"2*3+4",         "Scalar : 10"},
+      {"2*3+4*5",       "Scalar : 26"},
+      {"1-6/3-1",       "Scalar : -2"},
+      {"2*3^2",         "Scalar : 18"},
+      {"2^3^2",         "Scalar : 64"},
+      {"-2^2",          "Scalar : -4"}, // the sign comes last
+      {"!3^2",          "Scalar : 36"}, // the factorial first
+      {"2^!3",          "Scalar : 64"},
+      {"!3*2",          "Scalar : 12"},
+      {"-2*3",          "Scalar : -6"},
+      {"-2+3",          "Scalar : 1" },
+      {"-!3",           "Scalar : -6"},
+      {"2*(3+4)",       "Scalar : 14"},
+      {"(1-2)-3",       "Scalar : -4"},
+      {"1-(2-3)",       "Scalar : 2" },
+      {"8/(4/2)",       "Scalar : 4" },
+      {"!(1+2)",        "Scalar : 6" },
+      {"1+2*3^2-4",     "Scalar : 15"},
+      {"1+2*3-4*5+6",   "Scalar : -7"},
+      {"1-(2-3*4)-5",   "Scalar : 6" },
+      {"((1+2)*3-4)*5", "Scalar : 25"},
+      {"1+!3*2-4",      "Scalar : 9" },
   };
   ExpectValues(session, kRows);
 }

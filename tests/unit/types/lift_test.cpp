@@ -41,6 +41,35 @@ TEST(Lift, OperatorsTakeTheirOperandsInOrder) {
   EXPECT_EQ(error.Get(), "");
 }
 
+TEST(Lift, AnOperandThatNobodyElseHoldsBecomesTheResult) {
+  s_str error;
+  const BinaryOperator plus = Binary(std::plus<double>());
+  s_refptr<Symbol> left = NewNumber(3);
+  const Symbol* object = left.Get();
+  const s_refptr<Symbol> result = plus(std::move(left), NewNumber(4), error);
+  EXPECT_EQ(result.Get(), object);
+  EXPECT_EQ(NumberOf(*result), 7);
+}
+
+TEST(Lift, OperandsThatSomebodyHoldsStayAsTheyWere) {
+  s_str error;
+  const s_refptr<Symbol> x(new Scalar("x", 3));
+  const s_refptr<Symbol> y(new Scalar("y", 4));
+  EXPECT_EQ(Binary(std::plus<double>())(x, y, error)->ToString().Get(), "7");
+  EXPECT_EQ(Binary(Difference)(x, y, error)->ToString().Get(), "-1");
+  EXPECT_EQ(Unary(Twice)(x, error)->ToString().Get(), "6");
+  EXPECT_EQ(x->ToString().Get(), "x = 3");
+  EXPECT_EQ(y->ToString().Get(), "y = 4");
+}
+
+TEST(Lift, OnlyAFunctionWithoutAStateWorksInPlace) {
+  const double by = 2;
+  EXPECT_NE(Binary(std::plus<double>()).target<InPlaceOperator>(), nullptr);
+  EXPECT_EQ(Binary(Difference).target<InPlaceOperator>(), nullptr);
+  EXPECT_EQ(Binary([by](double x, double y) { return x + by * y; }).target<InPlaceOperator>(),
+            nullptr);
+}
+
 TEST(Lift, FunctionsTakeAsManyNumbersAsTheyHaveParameters) {
   EXPECT_EQ(Call(OfNumbers(Seven), {}), 7);
   EXPECT_EQ(Call(OfNumbers(Twice), {NewNumber(3)}), 6);
