@@ -6,7 +6,6 @@
 // comes in the order of the recursion. Parentheses wait in the same list and cost no recursion
 // either.
 #include <memory>
-#include <optional>
 
 #include "interpreter/messages.h"
 #include "interpreter/state.h"
@@ -28,18 +27,17 @@ bool IsLeaf(const Piece& trimmed) {
 // One evaluation of one piece, with its share of the workspace.
 class Evaluation {
  public:
-  // Of a piece of a text that is being evaluated already.
   Evaluation(State& state, const Piece& piece, const s_str& name, s_str& error,
              bool allow_new_symbol)
-      : Evaluation(state, name, error, allow_new_symbol) {
-    rest_ = piece;
-  }
-  // Of a text of its own.
-  Evaluation(State& state, std::string_view text, const s_str& name, s_str& error,
-             bool allow_new_symbol)
-      : Evaluation(state, name, error, allow_new_symbol) {
-    rest_ = Piece(source_.emplace(text, state.workspace_.brackets));
-  }
+      : state_(state),
+        work_(state.workspace_),
+        name_(name),
+        error_(error),
+        rest_(piece),
+        allow_new_symbol_(allow_new_symbol),
+        pending_base_(work_.pending.size()),
+        outer_base_(work_.outer.size()),
+        values_base_(work_.values.size()) {}
   ~Evaluation() {
     work_.pending.erase(work_.pending.begin() + Offset(pending_base_), work_.pending.end());
     work_.outer.erase(work_.outer.begin() + Offset(outer_base_), work_.outer.end());
@@ -51,24 +49,15 @@ class Evaluation {
   s_refptr<Symbol> Run();
 
   // What an evaluation keeps is not on the stack, where it may stand in thousands.
-  template <class... Arguments>
-  [[gnu::noinline]] static std::unique_ptr<Evaluation> Make(Arguments&&... arguments) {
-    return std::unique_ptr<Evaluation>(new Evaluation(std::forward<Arguments>(arguments)...));
+  [[gnu::noinline]] static std::unique_ptr<Evaluation> Make(State& state, const Piece& piece,
+                                                            const s_str& name, s_str& error,
+                                                            bool allow_new_symbol) {
+    return std::unique_ptr<Evaluation>(new Evaluation(state, piece, name, error, allow_new_symbol));
   }
   static void* operator new(std::size_t size) { return Pool::Allocate(size); }
   static void operator delete(void* block, std::size_t size) noexcept { Pool::Free(block, size); }
 
  private:
-  Evaluation(State& state, const s_str& name, s_str& error, bool allow_new_symbol)
-      : state_(state),
-        work_(state.workspace_),
-        name_(name),
-        error_(error),
-        allow_new_symbol_(allow_new_symbol),
-        pending_base_(work_.pending.size()),
-        outer_base_(work_.outer.size()),
-        values_base_(work_.values.size()) {}
-
   static std::ptrdiff_t Offset(std::size_t base) { return static_cast<std::ptrdiff_t>(base); }
 
   bool EnterLevel(const Piece& level);
@@ -93,8 +82,7 @@ class Evaluation {
   Workspace& work_;
   const s_str& name_;
   s_str& error_;
-  std::optional<Source> source_;  // of a text of its own
-  Piece rest_;                    // what is still to be read of the level
+  Piece rest_;     // what is still to be read of the level
   Piece operand_;  // what was read last: a leaf, parentheses, or nothing between two operators
   // The value behind the last pending operator. Where an operator was applied, it is where the left
   // operand was, which saves moving it back and forth along a chain.
@@ -254,7 +242,7 @@ s_refptr<Symbol> State::Evaluate(const Piece& piece, const s_str& name, s_str& e
                                  bool allow_new_symbol) {
   const Depth::Level level(depth_);
   if (!level.IsGranted()) return {};
-  // Most arguments and elements are a leaf each and need no more than this.
+  // Most arguments and elements are a leaf each, as many lines are, and need no more than this.
   const Piece trimmed = piece.Trimmed();
   if (IsLeaf(trimmed)) {
     s_refptr<Symbol> value;
@@ -267,9 +255,8 @@ s_refptr<Symbol> State::Evaluate(const Piece& piece, const s_str& name, s_str& e
 s_refptr<Symbol> State::EvaluateText(std::string_view text, const s_str& name, s_str& error,
                                      bool allow_new_symbol) {
   if (depth_.IsOutside()) return EvaluateOutermost(text, name, error, allow_new_symbol);
-  const Depth::Level level(depth_);
-  if (!level.IsGranted()) return {};
-  return Evaluation::Make(*this, text, name, error, allow_new_symbol)->Run();
+  const Source source(text, workspace_.brackets);
+  return Evaluate(Piece(source), name, error, allow_new_symbol);
 }
 
 s_refptr<Symbol> State::EvaluateOutermost(std::string_view text, const s_str& name, s_str& error,

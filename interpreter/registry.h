@@ -44,7 +44,8 @@ using BinaryOperator =
 // arithmetic of numbers does. In a chain of them, no value is passed on and none is made: the
 // evaluator knows one that it finds in a BinaryOperator, and calls it directly.
 struct InPlaceOperator {
-  // Makes `left` the result: the same object, made over, when nobody else holds it. Leaves `right`.
+  // Makes `left` the unnamed result: the same object, made over, when nobody else holds it. Leaves
+  // `right`.
   using Body = void (*)(s_refptr<Symbol>& left, const s_refptr<Symbol>& right);
 
   // As a BinaryOperator.
