@@ -65,14 +65,27 @@ class Source {
 class Piece {
  public:
   Piece() = default;  // of nothing; only good for being assigned to
+  // Member by member: positions that were just stored one by one are slow to load as a whole.
+  Piece(const Piece& other)
+      : source_(other.source_),
+        begin_(other.begin_),
+        end_(other.end_),
+        bracket_(other.bracket_),
+        holds_no_operator_(other.holds_no_operator_) {}
+  Piece& operator=(const Piece& other) {
+    source_ = other.source_;
+    begin_ = other.begin_;
+    end_ = other.end_;
+    bracket_ = other.bracket_;
+    holds_no_operator_ = other.holds_no_operator_;
+    return *this;
+  }
   // The whole of a source.
   explicit Piece(const Source& source)
       : source_(&source), end_(static_cast<std::uint32_t>(source.GetText().size())) {}
 
   // The characters of the piece, and where they stand in the text of the source.
-  std::string_view GetText() const {
-    return {source_->GetText().data() + begin_, end_ - begin_};
-  }
+  std::string_view GetText() const { return {source_->GetText().data() + begin_, end_ - begin_}; }
   std::uint32_t GetBegin() const { return begin_; }
   std::uint32_t GetEnd() const { return end_; }
   bool IsEmpty() const { return begin_ == end_; }
@@ -138,7 +151,7 @@ class Piece {
 inline void Piece::CutBefore(CharacterClass stop, Piece& cut) {
   const char* text = source_->GetText().data();
   std::uint32_t at = begin_;
-  // Member by member: what was just stored in parts is slow to load as a whole.
+  // Not by assignment, which would copy what is overwritten.
   cut.source_ = source_;
   cut.begin_ = at;
   cut.bracket_ = bracket_;
