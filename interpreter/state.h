@@ -22,6 +22,7 @@
 #include "interpreter/registry.h"
 #include "interpreter/symbol_table.h"
 #include "interpreter/workspace.h"
+#include "utils/text_hash.h"
 
 namespace Quarn {
 

@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <random>
+#include <string>
+
 #include "tests/support/dump.h"
 
 namespace Quarn {
@@ -65,6 +69,43 @@ TEST(SymbolTable, ErasesOneNameAlone) {
   symbols.Erase("nothing");
   EXPECT_EQ(Dump(symbols.GetNames()), "b|");
   EXPECT_EQ(value.GetCount(), 1U);
+}
+
+// The index closes up behind what goes, so each name must still be found, whatever stood before it.
+TEST(SymbolTable, ComesAndGoesLikeAMap) {
+  SymbolTable symbols;
+  std::map<std::string, std::string> map;
+  std::mt19937 random(1);
+  for (int i = 0; i < 20000; ++i) {
+    const std::string name = std::to_string(random() % 300);
+    if (random() % 2 == 0) {
+      symbols.Set(name, New(s_str(std::to_string(i))));
+      map[name] = std::to_string(i);
+    } else {
+      symbols.Erase(name);
+      map.erase(name);
+    }
+    ASSERT_EQ(symbols.GetSize().Get(), map.size());
+    if (i % 100 != 0) continue;
+    for (int j = 0; j < 300; ++j) {
+      const auto found = map.find(std::to_string(j));
+      const s_refptr<Symbol>* value = symbols.Find(std::to_string(j));
+      ASSERT_EQ(value != nullptr, found != map.end()) << j << " after " << i;
+      if (value) {
+        ASSERT_EQ((*value)->ToString().Get(), found->second) << j << " after " << i;
+      }
+    }
+  }
+}
+
+TEST(SymbolTable, MayBeFilledAgainAfterItWasCleared) {
+  SymbolTable symbols;
+  for (int round = 0; round < 3; ++round) {
+    for (int i = 0; i < 100; ++i) symbols.Set(std::to_string(i), New("x"));
+    EXPECT_EQ(symbols.GetSize().Get(), 100U);
+    symbols.Clear();
+    EXPECT_FALSE(symbols.Contains("7"));
+  }
 }
 
 TEST(SymbolTable, ClearLeavesNothing) {
