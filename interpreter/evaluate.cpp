@@ -64,9 +64,10 @@ class Evaluation {
   [[gnu::noinline]] bool OpenParenthesis();
   void CloseParenthesis();
   bool ReadLeaf();
-  void ReadOperator();
+  void ReadOperator(std::uint8_t op);
   std::uint8_t GetNextOperator() const;
-  bool IsLastDue() const;
+  bool IsLastDue(unsigned int next_priority) const;
+  bool ApplyDue(unsigned int next_priority);
   bool ApplyLast();
   bool ApplyBinary(std::uint8_t op);
   bool ApplyUnary(std::size_t place, bool has_left);
@@ -128,7 +129,7 @@ void Evaluation::CloseParenthesis() {
   work_.outer.pop_back();
 }
 
-bool Evaluation::ReadLeaf() {
+[[gnu::always_inline]] inline bool Evaluation::ReadLeaf() {
   is_leaf_ = IsWhole();
   const s_str& name = is_leaf_ ? name_ : Symbol::NoName();
   state_.EvaluateLeaf(operand_, name, error_, is_leaf_ && allow_new_symbol_, value_);
@@ -136,8 +137,7 @@ bool Evaluation::ReadLeaf() {
   return value_ ? true : false;
 }
 
-void Evaluation::ReadOperator() {
-  const std::uint8_t op = GetNextOperator();
+inline void Evaluation::ReadOperator(std::uint8_t op) {
   const auto priority = static_cast<std::uint8_t>(kPriorities[op].priority);
   work_.pending.emplace_back(priority, op, current_ != Current::kNone);
   if (current_ == Current::kRead) work_.values.push_back(std::move(value_));
@@ -151,11 +151,8 @@ std::uint8_t Evaluation::GetNextOperator() const {
 }
 
 // Does the last operator that waits at this level bind at least as tightly as what comes next?
-bool Evaluation::IsLastDue() const {
-  if (work_.pending.size() == pending_base_) return false;
-  const unsigned int next =
-      rest_.IsEmpty() ? kLowestPriority : kPriorities[GetNextOperator()].priority;
-  return work_.pending.back().priority >= next;
+inline bool Evaluation::IsLastDue(unsigned int next_priority) const {
+  return work_.pending.size() != pending_base_ && work_.pending.back().priority >= next_priority;
 }
 
 // Operands may be references, and what those evaluate may come here again: see leaf.cpp about the
@@ -171,6 +168,13 @@ bool Evaluation::IsLastDue() const {
   const BinaryImplementation* known = state_.FindRemembered(op, *left, *value_);
   if (!known || !known->in_place) return ApplyBinary(op);
   known->in_place(left, value_);
+  return true;
+}
+
+[[gnu::always_inline]] inline bool Evaluation::ApplyDue(unsigned int next_priority) {
+  while (IsLastDue(next_priority)) {
+    if (!ApplyLast()) return false;
+  }
   return true;
 }
 
@@ -226,15 +230,14 @@ s_refptr<Symbol> Evaluation::Run() {
       }
       if (!ReadLeaf()) return {};
     }
-    while (true) {
-      while (IsLastDue()) {
-        if (!ApplyLast()) return {};
-      }
-      if (!rest_.IsEmpty()) break;
+    while (rest_.IsEmpty()) {
+      if (!ApplyDue(kLowestPriority)) return {};
       if (work_.outer.size() == outer_base_) return TakeResult();
       CloseParenthesis();
     }
-    ReadOperator();
+    const std::uint8_t op = GetNextOperator();
+    if (!ApplyDue(kPriorities[op].priority)) return {};
+    ReadOperator(op);
   }
 }
 

@@ -58,10 +58,17 @@ bool FindFixedTypes(const Values& arguments,
 
 }  // namespace
 
-void State::EvaluateLeaf(const Piece& leaf, const s_str& name, s_str& error, bool allow_new_symbol,
-                         s_refptr<Symbol>& value) {
-  if (BuildLiteral(leaf, name, error, value)) return;
-  value = EvaluateNoLiteral(leaf, name, error, allow_new_symbol);
+void State::EvaluateOtherLeaf(const Piece& leaf, const s_str& name, s_str& error,
+                              bool allow_new_symbol, s_refptr<Symbol>& value) {
+  const std::string_view text = leaf.GetText();
+  const LiteralStart& start = GetLiteralStart(leaf);
+  // The one operator that scanning never meets, since its "[" opens a bracket.
+  if (text == kPriorities[kIndexing].text) {
+    value = Fail(error, messages::MissingOperands, text);
+  } else if (start.only || start.types.empty() ||
+             !BuildOneOf(start.types, leaf, name, error, value)) {
+    value = EvaluateNoLiteral(leaf, name, error, allow_new_symbol);
+  }
 }
 
 s_refptr<Symbol> State::EvaluateNoLiteral(const Piece& leaf, const s_str& name, s_str& error,
@@ -90,24 +97,7 @@ s_refptr<Symbol> State::EvaluateNoLiteral(const Piece& leaf, const s_str& name, 
   return Fail(error, messages::NoOperatorFound, text);
 }
 
-// False when the leaf is no literal. The types that cannot have one beginning so are not asked, and
-// where that leaves one type, it looks at the text in place.
-bool State::BuildLiteral(const Piece& leaf, const s_str& name, s_str& error,
-                         s_refptr<Symbol>& value) {
-  const std::string_view text = leaf.GetText();
-  // The one operator that scanning never meets, since its "[" opens a bracket.
-  if (text.front() == '[' && text == kPriorities[kIndexing].text) {
-    value = Fail(error, messages::MissingOperands, text);
-    return true;
-  }
-  const auto& types = literals_[static_cast<unsigned char>(text.front())];
-  if (types.empty()) return false;
-  if (types.size() == 1 && types[0]->build_in_place) {
-    return types[0]->build_in_place(*this, name, leaf, error, value);
-  }
-  return BuildOneOf(types, leaf, name, error, value);
-}
-
+// False when the leaf is no literal.
 [[gnu::noinline]] bool State::BuildOneOf(const std::vector<const TypeRow*>& types,
                                          const Piece& leaf, const s_str& name, s_str& error,
                                          s_refptr<Symbol>& value) {

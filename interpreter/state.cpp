@@ -33,11 +33,14 @@ void State::Flush() { out_.flush(); }
 
 void State::AddType(const TypeRow& row) {
   types_.insert_or_assign(row.name, row);
-  LiteralTypes literals;
+  decltype(literals_) literals;
   for (std::size_t code = 0; code < literals.size(); ++code) {
+    LiteralStart& start = literals[code];
     for (const auto& [name, type] : types_) {
-      if (MayBeginLiteral(type, static_cast<char>(code))) literals[code].push_back(&type);
+      if (MayBeginLiteral(type, static_cast<char>(code))) start.types.push_back(&type);
     }
+    // A "[" may begin the operator "[]", which is looked for first.
+    if (start.types.size() == 1 && code != '[') start.only = start.types[0]->build_in_place;
   }
   literals_ = std::move(literals);
 }

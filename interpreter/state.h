@@ -153,10 +153,16 @@ class State {
   static bool IsName(std::string_view text);
   static void AddUnary(UnaryRegistry& registry, std::initializer_list<UnaryRow> rows);
 
-  // The kinds of leaf; each gives null with a message when it fails. A value that comes in is null.
+  // The kinds of leaf; each gives null with a message when it fails. A value that comes in is one
+  // that a LiteralInPlace may make over.
   void EvaluateLeaf(const Piece& leaf, const s_str& name, s_str& error, bool allow_new_symbol,
-                    s_refptr<Symbol>& value);
-  bool BuildLiteral(const Piece& leaf, const s_str& name, s_str& error, s_refptr<Symbol>& value);
+                    s_refptr<Symbol>& value) {
+    const LiteralInPlace build = GetLiteralStart(leaf).only;
+    if (build && build(*this, name, leaf, error, value)) return;
+    EvaluateOtherLeaf(leaf, name, error, allow_new_symbol, value);
+  }
+  void EvaluateOtherLeaf(const Piece& leaf, const s_str& name, s_str& error, bool allow_new_symbol,
+                         s_refptr<Symbol>& value);
   bool BuildOneOf(const std::vector<const TypeRow*>& types, const Piece& leaf, const s_str& name,
                   s_str& error, s_refptr<Symbol>& value);
   s_refptr<Symbol> EvaluateNoLiteral(const Piece& leaf, const s_str& name, s_str& error,
@@ -216,9 +222,16 @@ class State {
   std::unordered_map<std::string_view, const FunctionRegistry::value_type*, TextHash, TextEqual>
       function_index_;
 
-  // The types that may have a literal beginning with a character, in ascending order.
-  using LiteralTypes = std::array<std::vector<const TypeRow*>, 256>;
-  LiteralTypes literals_;
+  // The types that may have a literal beginning with a character, in ascending order. Others are
+  // not asked; one that is alone there looks at the text in place, if it can.
+  struct LiteralStart {
+    LiteralInPlace only = nullptr;
+    std::vector<const TypeRow*> types;
+  };
+  const LiteralStart& GetLiteralStart(const Piece& leaf) const {
+    return literals_[static_cast<unsigned char>(leaf.GetText().front())];
+  }
+  std::array<LiteralStart, 256> literals_;
   Dispatch<BinaryImplementation> binary_dispatch_;
   FunctionDispatch function_dispatch_;
   Workspace workspace_;

@@ -1,5 +1,6 @@
 #include "types/scalar.h"
 
+#include <cmath>
 #include <functional>
 #include <typeinfo>
 
@@ -23,8 +24,8 @@ s_refptr<Symbol> CreateFrom(State&, const s_str& name, const s_str& text, s_str&
 
 bool BuildInPlace(State&, const s_str& name, const Piece& piece, s_str&, s_refptr<Symbol>& value) {
   const std::string_view text = piece.GetText();
-  double number = 0;
-  if (!ReadOrdinary(text, number)) {
+  double number = ReadOrdinary(text);
+  if (std::isnan(number)) {
     if (!IsNumberLiteral(text)) return false;
     number = ReadDouble(text).value;
   }

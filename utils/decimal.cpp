@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstring>
 #include <iterator>
+#include <limits>
 
 namespace Quarn {
 namespace {
@@ -43,6 +44,7 @@ constexpr double kExactPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,
                                         1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr int kLargestExactPower = 22;
 constexpr std::uint64_t kLargestExactWhole = std::uint64_t{1} << 53;
+constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
 // Writes exactly so many digits, with leading zeros.
 void WriteDigits(char* out, std::uint64_t value, int count) {
@@ -134,13 +136,13 @@ char* WriteOrdinary(char* out, double value) {
   return WriteFixed(out, rounded);
 }
 
-bool ReadOrdinary(std::string_view text, double& value) {
+double ReadOrdinary(std::string_view text) {
   const char* at = text.data();
   const char* end = at + text.size();
   const bool negative = at != end && *at == '-';
   if (at != end && (*at == '-' || *at == '+')) ++at;
   // So many digits cannot overflow.
-  if (at == end || end - at > 19) return false;
+  if (at == end || end - at > 19) return kNoNumber;
   std::uint64_t whole = 0;
   const char* point = nullptr;
   const char* begin = at;
@@ -151,14 +153,13 @@ bool ReadOrdinary(std::string_view text, double& value) {
     } else if (*at == '.' && !point) {
       point = at;
     } else {
-      return false;
+      return kNoNumber;
     }
   }
-  if (whole > kLargestExactWhole || (point && end - begin == 1)) return false;
+  if (whole > kLargestExactWhole || (point && end - begin == 1)) return kNoNumber;
   auto size = static_cast<double>(whole);
   if (point) size /= kExactPowersOfTen[end - point - 1];
-  value = negative ? -size : size;
-  return true;
+  return negative ? -size : size;
 }
 
 static_assert(kLargestExactPower + 1 == std::size(kExactPowersOfTen) && kLargestExactPower >= 18);

@@ -13,7 +13,7 @@ namespace Quarn {
 char* WriteOrdinary(char* out, double value);
 
 // Reads a text that is one number whole: a sign or none, digits with at most one full stop, worth
-// not more than 2^53 without the full stop. False, and the value as it was, for any other text.
-bool ReadOrdinary(std::string_view text, double& value);
+// not more than 2^53 without the full stop. NaN for any other text.
+double ReadOrdinary(std::string_view text);
 
 }  // namespace Quarn
