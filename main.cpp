@@ -1,5 +1,6 @@
 // The program: sets up the library, then feeds one State with the lines of a script or with what is
 // typed at the prompt. It interprets nothing itself but the two words that quit.
+#include <algorithm>
 #include <cstdlib>
 #include <ctime>
 #include <exception>
@@ -36,11 +37,21 @@ void BufferOutput() {
   });
 }
 
+// Room for the lines of a file, so that a long one is not moved while it grows. Memory that nothing
+// is written to costs nothing; a line beyond the limit grows as any text does.
+s_str MakeRoomForLines(const File& file) {
+  constexpr unsigned int kMostRoom = 64U << 20;
+  const s_uint length = file.GetLength();
+  std::string room;
+  if (length.IsValid()) room.reserve(std::min(length.Get(), kMostRoom));
+  return room;
+}
+
 // Kept on purpose: the script is opened for reading and writing, so one that is read-only runs no
 // line.
 void RunScript(State& state, const s_str& path) {
   File script(path, File::kReadWrite);
-  s_str line;
+  s_str line = MakeRoomForLines(script);
   while (script.IsValid() && !script.fail()) {
     script.GetLine(line);
     if (!line.IsEmpty()) state.ProcessLine(line);
