@@ -35,7 +35,7 @@ s_refptr<Symbol> Reference::Evaluate() const {
 
 s_refptr<Symbol> Reference::EvaluateThrough() const {
   if (IsNullReference()) return {};
-  const Depth::Level level(state_->GetDepth());
+  const Depth::Level level(state_->GetDepth(), expression_.GetView().size());
   s_refptr<Symbol> value = Evaluate();
   if (!value) return NewNull();
   if (!IsReference(*value)) return value;
@@ -45,7 +45,7 @@ s_refptr<Symbol> Reference::EvaluateThrough() const {
 
 s_str Reference::ToString() const {
   if (IsNullReference()) return "null";
-  const Depth::Level level(state_->GetDepth());
+  const Depth::Level level(state_->GetDepth(), expression_.GetView().size());
   const s_refptr<Symbol> value = Evaluate();
   s_str text = value ? value->ToString() : expression_;
   // A reference that leads back to itself has no value, wherever on the way that came to light.
@@ -55,7 +55,7 @@ s_str Reference::ToString() const {
 
 s_str Reference::GetType() const {
   if (IsNullReference()) return kType;
-  const Depth::Level level(state_->GetDepth());
+  const Depth::Level level(state_->GetDepth(), expression_.GetView().size());
   const s_refptr<Symbol> value = Evaluate();
   if (!value) return kType;
   s_str type = value->GetType();

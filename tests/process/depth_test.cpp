@@ -68,6 +68,10 @@ TEST_P(Stack, HoldsWhatNestsFarTooDeeply) {
       Nested("<", ">", kLevels),
       Nested("min(", ",2)", kLevels),
       Nested("(<", ">)", kLevels),
+      // Each level is a reference, which holds the text of all those within.
+      Repeat("&", kLevels) + "1+1",
+      Nested("<&", ">", kLevels),
+      Nested("min(&", ",2)", kLevels),
   };
   for (const std::string& line : kTooMuch) {
     const Outcome outcome = Script("x=2\nx=" + line + "\nx\n");

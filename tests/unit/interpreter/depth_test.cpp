@@ -68,6 +68,26 @@ TEST(Depth, OnceRefusedRefusesUntilTheOutermostIsLeft) {
   EXPECT_FALSE(depth.IsExhausted());
 }
 
+// How many levels are granted that hold so much text each.
+unsigned int DescendWithText(Depth& depth, std::size_t text) {
+  const Depth::Level level(depth, text);
+  return level.IsGranted() ? 1 + DescendWithText(depth, text) : 0;
+}
+
+TEST(Depth, GrantsTheFirstLevelsWhateverTextTheyHold) {
+  Depth depth;
+  EXPECT_EQ(DescendWithText(depth, std::size_t{1} << 30), 16U);
+}
+
+TEST(Depth, LimitsTheTextThatAllLevelsHoldTogether) {
+  Depth depth;
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(DescendWithText(depth, std::size_t{1} << 20), 64U);  // 64 MiB in all
+    EXPECT_TRUE(depth.IsOutside());
+  }
+  EXPECT_GT(DescendWithText(depth, 100), 1000U);
+}
+
 TEST(Depth, FollowsTheStackOfItsThread) {
   Depth depth;
   const unsigned int granted_here = Descend(depth);
