@@ -22,6 +22,8 @@ s_refptr<Symbol> CreateFrom(State&, const s_str& name, const s_str& text, s_str&
   return s_refptr<Symbol>(new Scalar(name, ReadDouble(text.GetView()).value));
 }
 
+bool IsScalar(const Symbol& value) { return typeid(value) == typeid(Scalar); }
+
 bool BuildInPlace(State&, const s_str& name, const Piece& piece, s_str&, s_refptr<Symbol>& value) {
   const std::string_view text = piece.GetText();
   double number = ReadOrdinary(text);
@@ -31,7 +33,7 @@ bool BuildInPlace(State&, const s_str& name, const Piece& piece, s_str&, s_refpt
   }
   if (!name.IsEmpty()) {
     value = s_refptr<Symbol>(new Scalar(name, number));
-  } else if (value && typeid(*value) == typeid(Scalar)) {
+  } else if (value && IsScalar(*value)) {
     Renew(value, number);
   } else {
     value = NewNumber(number);
