@@ -89,5 +89,18 @@ TEST_F(Surroundings, FourOpenFilesAreEnoughForThePrompt) {
             "> \tScalar : 2\n> ");
 }
 
+// The log is the fourth. How far the stack reaches cannot be looked up then, and five hundred
+// levels are granted.
+TEST_F(Surroundings, FourOpenFilesAreEnoughForDeepNesting) {
+  const auto nested = [](int times) {
+    std::string line = "1";
+    for (int i = 0; i < times; ++i) line = "min(1, " + line + ")";
+    return line + "\n";
+  };
+  EXPECT_EQ(
+      InShell("exec 3>&-; ulimit -n 4; exec \"$0\"", nested(400) + nested(600) + "q\n").output,
+      "> \tScalar : 1\n> \tError : Expression is nested too deeply\n> ");
+}
+
 }  // namespace
 }  // namespace Quarn
