@@ -17,6 +17,9 @@
 namespace Quarn {
 namespace {
 
+// GCOVR_EXCL_START: the two hooks are for what the utility library offers to types and hosts;
+// nothing in the program itself reports by it, or asks it for the time.
+
 // What the utility library reports goes to the user and to the log.
 void PrintLine(const s_str& text) {
   std::cout << text.GetView() << '\n' << std::flush;
@@ -25,6 +28,7 @@ void PrintLine(const s_str& text) {
 }
 
 s_double GetProcessorSeconds() { return static_cast<double>(std::clock()) / 1e6; }
+// GCOVR_EXCL_STOP
 
 // Results wait in the stream's buffer; they are written when it is full, at the prompt, before a
 // question, before what may never come back, and at the end.
@@ -32,8 +36,10 @@ void BufferOutput() {
   std::ios::sync_with_stdio(false);
   // Not even memory that runs out takes back what was printed.
   std::set_terminate([] {
+    // GCOVR_EXCL_START: what aborts writes no counts.
     std::cout.flush();
     std::abort();
+    // GCOVR_EXCL_STOP
   });
 }
 

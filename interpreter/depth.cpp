@@ -30,13 +30,12 @@ Stack FindStack() {
   if (pthread_getattr_np(pthread_self(), &attributes) != 0) return stack;
   void* lowest = nullptr;
   std::size_t size = 0;
-  if (pthread_attr_getstack(&attributes, &lowest, &size) == 0) {
-    stack.lowest = reinterpret_cast<std::uintptr_t>(lowest);
-    stack.top = stack.lowest + size;
-    const std::size_t used = std::min(size, kLargestStack);
-    stack.low_mark = stack.top - used + std::min(used / 4, kReserve);
-  }
+  pthread_attr_getstack(&attributes, &lowest, &size);
   pthread_attr_destroy(&attributes);
+  stack.lowest = reinterpret_cast<std::uintptr_t>(lowest);
+  stack.top = stack.lowest + size;
+  const std::size_t used = std::min(size, kLargestStack);
+  stack.low_mark = stack.top - used + std::min(used / 4, kReserve);
   return stack;
 }
 

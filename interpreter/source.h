@@ -89,7 +89,6 @@ class Piece {
   std::uint32_t GetBegin() const { return begin_; }
   std::uint32_t GetEnd() const { return end_; }
   bool IsEmpty() const { return begin_ == end_; }
-  bool operator==(const Piece& other) const = default;
 
   // Without leading and trailing spaces. Tabs stay.
   Piece Trimmed() const {
@@ -112,7 +111,8 @@ class Piece {
   bool CheckBrackets(s_str& error) const {
     if (source_->IsPlain()) return true;
     const std::uint32_t bad = FindFrom(CharacterClass::kOpen);
-    return bad == end_ || FailOnBracket(bad, error);
+    if (bad == end_) return true;
+    return FailOnBracket(bad, error);
   }
   // Are its brackets balanced, and is there no operator between them?
   bool HoldsNoOperator() const {

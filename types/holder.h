@@ -159,11 +159,8 @@ struct CallOf<Result(Arguments...)> {
   template <class F>
   static FunctionRow Make(const char* name, F f) {
     return {name, Types(), [f](State&, const Values& arguments, Values& results, s_str& error) {
-              s_refptr<Symbol> result =
-                  Apply(f, arguments, error, std::index_sequence_for<Arguments...>());
-              if (!result) return s_bool(false);
-              results.PushBack(std::move(result));
-              return s_bool(true);
+              return Add(Apply(f, arguments, error, std::index_sequence_for<Arguments...>()),
+                         results);
             }};
   }
 
@@ -171,6 +168,12 @@ struct CallOf<Result(Arguments...)> {
   static s_ctnr<s_str> Types() {
     if constexpr (sizeof...(Arguments) == 0) return {""};
     return {Arguments::kType...};
+  }
+  // False when there is no result.
+  static s_bool Add(s_refptr<Symbol> result, Values& results) {
+    if (!result) return false;
+    results.PushBack(std::move(result));
+    return true;
   }
   template <class F, std::size_t... Index>
   static s_refptr<Symbol> Apply(const F& f, [[maybe_unused]] const Values& arguments, s_str& error,

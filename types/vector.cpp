@@ -36,7 +36,7 @@ s_refptr<Values>& Vector::ElementsOf(Symbol& vector) {
 
 // Do the elements go when this value does?
 bool Vector::OwnsElementsAlone(const s_refptr<Symbol>& value) {
-  return value && value.GetCount() == 1 && IsVector(*value) && ElementsOf(*value).GetCount() == 1;
+  return value.GetCount() == 1 && IsVector(*value) && ElementsOf(*value).GetCount() == 1;
 }
 
 void Vector::Register(State& state) {

@@ -43,7 +43,8 @@ class LiteralElements {
   [[gnu::noinline]] bool AcceptReferences() {
     if (!has_references_) return true;
     for (const s_refptr<Symbol>& element : *elements_) {
-      if (IsReferenceType(element->GetFullType()) && !IsSame(element->GetType())) return false;
+      if (!IsReferenceType(element->GetFullType())) continue;
+      if (!IsSame(element->GetType())) return false;
     }
     return true;
   }

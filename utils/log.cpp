@@ -9,11 +9,11 @@ namespace {
 // A standard file that the caller has closed is opened on nothing: otherwise the next file to be
 // opened would take its place, and results would be written into the log, or into the script.
 bool FillStandardFiles() {
-  int file = 0;
+  unsigned int file = 0;
   do {
-    file = open("/dev/null", O_RDWR);
-  } while (file >= 0 && file <= STDERR_FILENO);
-  if (file >= 0) close(file);
+    file = static_cast<unsigned int>(open("/dev/null", O_RDWR));  // the largest if it failed
+  } while (file <= STDERR_FILENO);
+  close(static_cast<int>(file));
   return true;
 }
 

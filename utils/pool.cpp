@@ -55,10 +55,7 @@ void Pool::CutSlab(std::size_t index) {
 void* Pool::AllocateFresh(std::size_t size) {
   const std::size_t index = Index(size);
   if (!kPooled || index >= kSizes) return ::operator new(size);
-  if (!lists_.left_at_exit) {
-    static thread_local AtThreadExit at_thread_exit;
-    lists_.left_at_exit = true;
-  }
+  static thread_local AtThreadExit at_thread_exit;
   if (!lists_.free[index]) CutSlab(index);
   return Allocate(size);
 }

@@ -59,7 +59,6 @@ class Pool {
   // after the thread's own clean-up still finds a list.
   struct Lists {
     Block* free[kSizes];
-    bool left_at_exit;
   };
   static constinit thread_local Lists lists_;
   static Lists left_behind_;  // by threads that ended

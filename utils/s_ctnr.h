@@ -14,6 +14,11 @@
 
 namespace Quarn {
 
+// The place that an index names. NaN and INF lie past every end.
+constexpr std::size_t ToPlace(s_uint index) {
+  return index.IsValid() ? index.Get() : static_cast<std::size_t>(-1);
+}
+
 template <class T, class C>
 class s_ctnr_t {
  public:
@@ -41,8 +46,8 @@ class s_ctnr_t {
   s_bool IsEmpty() const { return elements_.empty(); }
 
   // The element at an index from 0. An index past the end raises std::out_of_range.
-  T& operator[](s_uint index) { return elements_.at(Checked(index)); }
-  const T& operator[](s_uint index) const { return elements_.at(Checked(index)); }
+  T& operator[](s_uint index) { return elements_.at(ToPlace(index)); }
+  const T& operator[](s_uint index) const { return elements_.at(ToPlace(index)); }
 
   // In order, as for every standard container.
   auto begin() { return elements_.begin(); }
@@ -51,11 +56,6 @@ class s_ctnr_t {
   auto end() const { return elements_.end(); }
 
  private:
-  // NaN and INF lie past every end.
-  static std::size_t Checked(s_uint index) {
-    return index.IsValid() ? index.Get() : static_cast<std::size_t>(-1);
-  }
-
   C elements_;
 };
 

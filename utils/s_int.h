@@ -62,8 +62,6 @@ class s_int_t {
 
   constexpr s_int_t(T value, State state) : value_(value), state_(state) {}
 
-  constexpr Unsigned Bits() const { return static_cast<Unsigned>(value_); }
-
   // The state of a result: NaN beats infinite, infinite beats a number.
   constexpr s_int_t WithStateOf(s_int_t other, T value) const {
     if (state_ == State::kNaN || other.state_ == State::kNaN) return {0, State::kNaN};
@@ -72,6 +70,8 @@ class s_int_t {
     }
     return value;
   }
+
+  constexpr Unsigned Bits() const { return static_cast<Unsigned>(value_); }
 
   T value_ = 0;
   State state_ = State::kNumber;

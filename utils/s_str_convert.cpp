@@ -18,16 +18,11 @@ char* WriteWord(char* out, std::string_view word) {
 
 template <class T>
 char* WriteReal(char* out, T value, int digits) {
-  switch (s_double_t<T>(value).Classify()) {
-    case s_double_t<T>::Class::kNaN:
-      return WriteWord(out, "nan");
-    case s_double_t<T>::Class::kPositiveInfinity:
-      return WriteWord(out, "inf+");
-    case s_double_t<T>::Class::kNegativeInfinity:
-      return WriteWord(out, "inf-");
-    case s_double_t<T>::Class::kFinite:
-      break;
-  }
+  using Class = typename s_double_t<T>::Class;
+  const Class kind = s_double_t<T>(value).Classify();
+  if (kind == Class::kNaN) return WriteWord(out, "nan");
+  if (kind == Class::kPositiveInfinity) return WriteWord(out, "inf+");
+  if (kind == Class::kNegativeInfinity) return WriteWord(out, "inf-");
   return std::to_chars(out, out + kNumberRoom, value, std::chars_format::general, digits).ptr;
 }
 
@@ -40,9 +35,8 @@ s_str RealToText(T value, int digits) {
 
 template <class T>
 s_str IntegerToText(s_int_t<T> value) {
-  if (value.GetState() == s_int_t<T>::State::kInfinite) return "inf";
-  if (value.GetState() == s_int_t<T>::State::kNaN) return "nan";
-  return value.IsValid() ? s_str(std::to_string(value.Get())) : s_str();
+  if (value.IsNaN()) return "nan";
+  return value.IsValid() ? s_str(std::to_string(value.Get())) : s_str("inf");
 }
 
 // What the C locale's isspace says.
@@ -124,7 +118,6 @@ NumberRead ReadDouble(std::string_view text) {
   const char* begin = number.data();
   const char* end = begin + number.size();
   if (begin != end && *begin == '+') ++begin;  // from_chars knows no plus sign
-  if (begin != end && begin != number.data() && *begin == '-') return {0, false};
   double value = 0;
   const auto [stop, problem] = std::from_chars(begin, end, value);
   if (problem == std::errc::result_out_of_range) return ReadBeyondRange(number);

@@ -80,5 +80,13 @@ TEST(Script, MayBeADirectoryThatRunsNothing) {
   EXPECT_EQ(outcome.status, 0);
 }
 
+// The memory of the process itself can be opened, but has nothing at its beginning.
+TEST(Script, EndsWhereItCannotBeReadOn) {
+  const TemporaryDirectory directory;
+  const Outcome outcome = RunToEnd({"/proc/self/mem"}, "q\n", {.directory = directory.PathOf("")});
+  EXPECT_EQ(outcome.output, "");
+  EXPECT_EQ(outcome.status, 0);
+}
+
 }  // namespace
 }  // namespace Quarn

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "tests/process/program.h"
+#include "tests/support/sanitizers.h"
 
 namespace Quarn {
 namespace {
@@ -83,10 +84,25 @@ TEST_F(Surroundings, APipeThatNobodyReadsStopsIt) {
 }
 
 TEST_F(Surroundings, FourOpenFilesAreEnoughForThePrompt) {
+  if (kSanitized) GTEST_SKIP() << "sanitizers open files of their own";
   // The runner hands its log on as the fourth; it is closed first, since a shell that may open no
   // more cannot redirect either.
   EXPECT_EQ(InShell("exec 3>&-; ulimit -n 4; exec \"$0\"", "1+1\nq\n").output,
             "> \tScalar : 2\n> ");
+}
+
+// The log is the fourth. How far the stack reaches cannot be looked up then, and five hundred
+// levels are granted.
+TEST_F(Surroundings, FourOpenFilesAreEnoughForDeepNesting) {
+  if (kSanitized) GTEST_SKIP() << "sanitizers open files of their own";
+  const auto nested = [](int times) {
+    std::string line = "1";
+    for (int i = 0; i < times; ++i) line = "min(1, " + line + ")";
+    return line + "\n";
+  };
+  EXPECT_EQ(
+      InShell("exec 3>&-; ulimit -n 4; exec \"$0\"", nested(400) + nested(600) + "q\n").output,
+      "> \tScalar : 1\n> \tError : Expression is nested too deeply\n> ");
 }
 
 }  // namespace

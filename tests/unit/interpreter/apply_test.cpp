@@ -250,6 +250,16 @@ TEST_F(Apply, TypesWithoutAFixedNameAreFoundEveryTime) {
   }
 }
 
+TEST_F(Apply, AnOperatorBesideAReferenceThatLeadsBackToItselfIsNestedTooDeeply) {
+  Word::Register(session_.GetState());
+  session_.Type("right&=-right;left&=left!");
+  const ValueRow kRows[] = {
+      {"-right", "\tError : Expression is nested too deeply"},
+      {"left!",  "\tError : Expression is nested too deeply"},
+  };
+  ExpectValues(session_, kRows);
+}
+
 TEST_F(Apply, NeverChangesItsOperands) {
   const s_refptr<Symbol> left = session_.Parse("<1, 2>");
   const s_refptr<Symbol> right = Refer("left");

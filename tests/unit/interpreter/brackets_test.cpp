@@ -171,6 +171,15 @@ TEST_F(CheckBrackets, CutsAtSeparatorsOfAnyLength) {
   EXPECT_EQ(asked, "a==d=");
 }
 
+TEST_F(CheckBrackets, CutsBeforeASeparatorWithoutAText) {
+  const auto is_mark = [](s_str::const_iterator position, const s_str&, s_str&) -> s_bool {
+    return *position == ';';
+  };
+  for (const bool keep : {false, true}) {
+    EXPECT_EQ(Cut("a;(b;c);d", is_mark, keep), "|a|;(b;c)|;d");
+  }
+}
+
 TEST_F(CheckBrackets, LeavesTheExpressionAlone) {
   const s_str expression = " a+(b) ";
   CutAtOperators(expression);
@@ -217,6 +226,14 @@ TEST_F(CheckBrackets, FindsTheOperatorsOfTheLanguage) {
         << row.rest;
     EXPECT_EQ(op.Get(), row.op) << row.rest;
   }
+}
+
+// Where the expression ends, every operator goes on; the first in ascending order is named.
+TEST_F(CheckBrackets, FindsTheFirstOperatorAtTheEnd) {
+  const s_str text = "x";
+  s_str op;
+  EXPECT_TRUE(state_.IsOperatorAt(text.end(), text, op));
+  EXPECT_EQ(op.Get(), "!");
 }
 
 TEST_F(CheckBrackets, LeavesTheTextOfTheOperatorAloneWhereThereIsNone) {

@@ -66,6 +66,19 @@ TEST_F(EmbeddingTest, AnExpressionThatIsNestedTooDeeplyIsAnErrorLikeOthers) {
   EXPECT_EQ(ToNumber(state_.Compute("1+1").value), 2);
 }
 
+// Where a host's function finds that the nesting is too deep, it is told so there and then.
+TEST_F(EmbeddingTest, AFunctionThatComputesItselfIsToldThatItIsNestedTooDeeply) {
+  std::vector<std::string> errors;
+  state_.AddFunction("again", {""}, [&](State& state, const Values&, Values&, s_str&) -> s_bool {
+    errors.push_back(state.Compute("again()").error);
+    return false;
+  });
+  const char kTooDeep[] = "\tError : Expression is nested too deeply";
+  EXPECT_EQ(state_.Compute("again()").error, kTooDeep);
+  ASSERT_FALSE(errors.empty());
+  EXPECT_EQ(errors.front(), kTooDeep);
+}
+
 TEST_F(EmbeddingTest, AFunctionOfTheHostMayComputeToo) {
   state_.AddFunction("twice", {"Scalar"},
                      [](State& state, const Values& arguments, Values& results, s_str&) -> s_bool {

@@ -275,5 +275,17 @@ TEST(Evaluate, NeverHandsOutWhatIsStored) {
   EXPECT_EQ(value->GetName().Get(), "");
 }
 
+// An operator may give back a value that has a name; the result has none, or that of the symbol.
+TEST(Evaluate, TheResultOfAnOperatorLosesItsName) {
+  Session session;
+  session.GetState().AddBinary({
+      {"Scalar", "^", "Scalar", [](const s_refptr<Symbol>&, const s_refptr<Symbol>&, s_str&) {
+         return s_refptr<Symbol>(new Scalar("six", 6));
+       }}
+  });
+  EXPECT_EQ(session.Evaluate("1^2"), "Scalar : 6");
+  EXPECT_EQ(session.Evaluate("1^2", "x"), "Scalar : x = 6");
+}
+
 }  // namespace
 }  // namespace Quarn

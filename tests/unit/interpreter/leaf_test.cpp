@@ -191,6 +191,24 @@ TEST(Call, ReadsItsNameBeforeTheFirstParenthesis) {
   ExpectValues(session, kRows);
 }
 
+// Inside of "[" a "(" is nothing and need not be closed. The list then ends where the last ")" is,
+// or else with the text.
+TEST(Call, ANameMayOpenAnotherBracket) {
+  Session session;
+  session.GetState().AddFunction(
+      "odd[", {"Scalar"}, [](State&, const Values& arguments, Values& results, s_str&) -> s_bool {
+        results.PushBack(arguments[0U]->Clone());
+        return true;
+      });
+  const ValueRow kRows[] = {
+      {"odd[(1)]",  "Scalar : 1"                    },
+      {"odd[(1)2]", "Scalar : 1"                    },
+      {"odd[((1)]", "\tError : Unterminated '('"    },
+      {"odd[(1]",   "\tError : Too many closing ']'"},
+  };
+  ExpectValues(session, kRows);
+}
+
 TEST(Call, FailsWithItsArguments) {
   Session session;
   const ValueRow kRows[] = {

@@ -20,6 +20,7 @@ TEST(SymbolTable, FindsNothingInTheBeginning) {
   EXPECT_EQ(symbols.Find("a"), nullptr);
   EXPECT_EQ(symbols.Find(""), nullptr);
   EXPECT_FALSE(symbols.Contains("a"));
+  EXPECT_EQ(symbols.Find("_"), nullptr);
   EXPECT_EQ(Dump(symbols.GetNames()), "");
 }
 

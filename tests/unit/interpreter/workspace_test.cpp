@@ -50,6 +50,7 @@ TEST(LentLists, MoreThanAreKeptAreLetGo) {
   {
     std::vector<std::unique_ptr<LentLists>> nested;
     for (int i = 0; i < 100; ++i) nested.push_back(std::make_unique<LentLists>(workspace));
+    while (!nested.empty()) nested.pop_back();  // a vector lets go of the first one first
   }
   EXPECT_GT(workspace.call_lists.size(), 0U);
   EXPECT_LT(workspace.call_lists.size(), 100U);

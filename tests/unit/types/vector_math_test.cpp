@@ -203,6 +203,30 @@ TEST(VectorMathDeathTest, AnInfiniteIndexNeverReturns) {
   }
 }
 
+TEST(VectorMath, AnInfiniteIndexIntoNothingIsAnErrorLikeOthers) {
+  Session session;
+  EXPECT_EQ(session.Evaluate("<>[1/0]"), kEmpty);
+  EXPECT_EQ(session.Evaluate("<>[-1/0]"), kEmpty);
+}
+
+[[gnu::noinline]] void UseUpTheStack(Depth& depth) {
+  const Depth::Level level(depth);
+  if (level.IsGranted()) UseUpTheStack(depth);
+}
+
+// Whoever opened the outermost level says so in the end.
+TEST(VectorMath, NothingIsCombinedWhereTheNestingIsTooDeep) {
+  Session session;
+  State& state = session.GetState();
+  const s_refptr<Symbol> v = session.Parse("<1, 2, 3>");
+  const Depth::Level outermost(state.GetDepth());
+  UseUpTheStack(state.GetDepth());
+  s_str error;
+  EXPECT_FALSE(AddElements(state, v, v, error));
+  EXPECT_FALSE(CrossProduct(state, v, v, error));
+  EXPECT_EQ(error.Get(), "");
+}
+
 TEST(VectorMath, ResultsHaveNoNameButThatOfPlus) {
   Session session;
   State& state = session.GetState();

@@ -135,6 +135,7 @@ TEST(SStrConvert, TextToDouble) {
       {"+-5",           0,                       false},
       {"--5",           0,                       false},
       {"- 5",           0,                       false},
+      {"\0015",         0,                       false}, // not every control character is a space
       {"nan",           0,                       false},
       {"inf",           0,                       false},
       {"infinity",      0,                       false},

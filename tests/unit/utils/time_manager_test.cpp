@@ -2,6 +2,7 @@
 // hand.
 #include "utils/time_manager.h"
 
+#include <limits>
 #include <string>
 #include <type_traits>
 
@@ -118,6 +119,16 @@ TEST_F(TimeManagerTest, TheRateIsTheMeanOfTheInstantaneousRatesAndNoCount) {
   for (int i = 0; i < 3; ++i) Step(1.0 / 64);
   Step(1.0);
   EXPECT_EQ(Rates(), "48 48 48 48");  // (64 + 64 + 64 + 1) / 4, though there were 4 updates
+}
+
+// Every comparison with what is no number is false, so it is neither the highest nor the lowest.
+TEST_F(TimeManagerTest, AClockThatTellsNoTimeGivesNoRate) {
+  TimeManager::Get().Initialise();
+  HandClock::now = std::numeric_limits<double>::quiet_NaN();
+  TimeManager::Get().Update();
+  HandClock::now = 2;
+  TimeManager::Get().Update();
+  EXPECT_EQ(Rates(), "nan nan 0 inf");
 }
 
 TEST_F(TimeManagerTest, RatesAreKeptOverThePeriods) {
