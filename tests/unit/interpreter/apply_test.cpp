@@ -148,6 +148,20 @@ TEST_F(Apply, WhatAnOperatorKeepsIsNotMadeOver) {
   kept = {};
 }
 
+// What an operator of another type has used up is nothing that a number could be written into.
+TEST_F(Apply, ANumberBehindAnOperatorOfAnotherTypeIsANewValue) {
+  Word::Register(session_.GetState());
+  session_.GetState().AddBinary({
+      {"Word", "+", "Word",
+       InPlaceOperator{
+           [](s_refptr<Symbol>& left, const s_refptr<Symbol>& right) { left = right; }}}
+  });
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(session_.Evaluate("'a+'b"), "Word : b");
+    EXPECT_EQ(session_.Evaluate("'a+'b+3"), NoMatch("Word + Scalar", "b + 3"));
+  }
+}
+
 TEST_F(Apply, WhatIsRegisteredLaterIsFoundToo) {
   EXPECT_EQ(session_.Evaluate("2^3"), NoMatch("Scalar ^ Scalar", "2 ^ 3"));
   session_.GetState().AddBinary({

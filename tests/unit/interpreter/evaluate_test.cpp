@@ -283,8 +283,14 @@ TEST(Evaluate, TheResultOfAnOperatorLosesItsName) {
          return s_refptr<Symbol>(new Scalar("six", 6));
        }}
   });
+  session.GetState().AddRightUnary({
+      {"!", "Scalar",
+       [](const s_refptr<Symbol>&, s_str&) { return s_refptr<Symbol>(new Scalar("two", 2)); }}
+  });
   EXPECT_EQ(session.Evaluate("1^2"), "Scalar : 6");
   EXPECT_EQ(session.Evaluate("1^2", "x"), "Scalar : x = 6");
+  EXPECT_EQ(session.Evaluate("!3"), "Scalar : 2");
+  EXPECT_EQ(session.Evaluate("!3", "x"), "Scalar : x = 2");
 }
 
 }  // namespace

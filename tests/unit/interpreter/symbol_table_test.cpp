@@ -3,11 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <map>
 #include <random>
 #include <string>
 
 #include "tests/support/dump.h"
+#include "utils/text_hash.h"
 
 namespace Quarn {
 namespace {
@@ -97,6 +99,31 @@ TEST(SymbolTable, ComesAndGoesLikeAMap) {
       }
     }
   }
+}
+
+// The table compares names where their hashes, of which it keeps 32 bits, do not tell them apart.
+TEST(SymbolTable, TellsNamesOfTheSameHashApart) {
+  std::map<std::uint32_t, std::string> names;
+  std::string first, second;
+  for (int i = 0; i < 1'000'000 && second.empty(); ++i) {
+    const std::string name = "v" + std::to_string(i);
+    const auto hash = static_cast<std::uint32_t>(TextHash()(std::string_view(name)));
+    const auto [known, is_new] = names.try_emplace(hash, name);
+    if (!is_new) {
+      first = known->second;
+      second = name;
+    }
+  }
+  ASSERT_FALSE(second.empty());
+  SymbolTable symbols;
+  symbols.Set(first, New("first"));
+  EXPECT_FALSE(symbols.Contains(second));
+  symbols.Set(second, New("second"));
+  EXPECT_EQ((*symbols.Find(first))->ToString().Get(), "first");
+  EXPECT_EQ((*symbols.Find(second))->ToString().Get(), "second");
+  symbols.Erase(first);
+  EXPECT_FALSE(symbols.Contains(first));
+  EXPECT_EQ((*symbols.Find(second))->ToString().Get(), "second");
 }
 
 TEST(SymbolTable, MayBeFilledAgainAfterItWasCleared) {
