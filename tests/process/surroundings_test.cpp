@@ -50,6 +50,17 @@ TEST_F(Surroundings, ALogOnAFullDeviceIsNotNeeded) {
   ExpectResult("exec \"$0\" script 2>&1");
 }
 
+// In a small file system of its own, filled up before.
+TEST_F(Surroundings, AFullFileSystemIsNoMatter) {
+  if (InShell("unshare -rm mount -t tmpfs none . 2>&1").status != 0) {
+    GTEST_SKIP() << "no file system may be mounted here";
+  }
+  ExpectResult(
+      "exec unshare -rm sh -c 'mount -t tmpfs -o size=16k none . && cd \"$PWD\" && "
+      "echo 1+1 >script && ! head -c 1000000 /dev/zero >rest 2>/dev/null && "
+      "exec \"$0\" script 2>&1' \"$0\"");
+}
+
 TEST_F(Surroundings, ALogThatMayNotGrowIsNotNeeded) {
   ExpectResult("ulimit -f 0; exec \"$0\" script 2>&1");
 }
