@@ -52,7 +52,7 @@ class Evaluation {
   [[gnu::noinline]] static std::unique_ptr<Evaluation> Make(State& state, const Piece& piece,
                                                             const s_str& name, s_str& error,
                                                             bool allow_new_symbol) {
-    return std::unique_ptr<Evaluation>(new Evaluation(state, piece, name, error, allow_new_symbol));
+    return std::make_unique<Evaluation>(state, piece, name, error, allow_new_symbol);
   }
   static void* operator new(std::size_t size) { return Pool::Allocate(size); }
   static void operator delete(void* block, std::size_t size) noexcept { Pool::Free(block, size); }

@@ -65,7 +65,9 @@ class Source {
 class Piece {
  public:
   Piece() = default;  // of nothing; only good for being assigned to
-  // Member by member: positions that were just stored one by one are slow to load as a whole.
+  // Member by member: positions that were just stored one by one are slow to load as a whole, as
+  // defaulted copies load them.
+  // NOLINTBEGIN(modernize-use-equals-default,bugprone-unhandled-self-assignment)
   Piece(const Piece& other)
       : source_(other.source_),
         begin_(other.begin_),
@@ -80,6 +82,7 @@ class Piece {
     holds_no_operator_ = other.holds_no_operator_;
     return *this;
   }
+  // NOLINTEND(modernize-use-equals-default,bugprone-unhandled-self-assignment)
   // The whole of a source.
   explicit Piece(const Source& source)
       : source_(&source), end_(static_cast<std::uint32_t>(source.GetText().size())) {}

@@ -71,7 +71,7 @@ std::string CommonStart(const std::vector<std::string>& candidates) {
   if (candidates.empty()) return "";
   std::string_view common = candidates.front();
   for (const std::string& candidate : candidates) {
-    const auto differing =
+    const auto* const differing =
         std::mismatch(common.begin(), common.end(), candidate.begin(), candidate.end()).first;
     common = common.substr(0, static_cast<std::size_t>(differing - common.begin()));
   }

@@ -1,5 +1,6 @@
 #include "utils/decimal.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -111,7 +112,8 @@ char* WriteFixed(char* out, const Rounded& number) {
   WriteDigits(digits, significant, count);
   const int whole = number.exponent + 1;  // digits before the full stop
   if (whole <= 0) {
-    std::memcpy(out, "0.0000", 6);
+    std::fill_n(out, 2 - whole, '0');
+    out[1] = '.';
     std::memcpy(out + 2 - whole, digits, static_cast<std::size_t>(count));
     return out + 2 - whole + count;
   }

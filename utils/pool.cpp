@@ -50,7 +50,8 @@ void Pool::CutSlab(std::size_t index) {
   for (std::size_t at = kSlabBytes / bytes; at-- > 0;) {
     lists_.free[index] = new (slab + at * bytes) Block{lists_.free[index]};
   }
-}
+  // The list holds the slab, block by block.
+}  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
 
 void* Pool::AllocateFresh(std::size_t size) {
   const std::size_t index = Index(size);
