@@ -71,9 +71,9 @@ class Evaluation {
   bool ApplyLast();
   bool ApplyBinary(std::uint8_t op);
   bool ApplyUnary(std::size_t place, bool has_left);
+  void PickUpFolded();
   s_refptr<Symbol> TakeResult();
 
-  void PickUpFolded();
   // Is the operand all there is? Then its value is the result, and bears the name.
   bool IsWhole() const {
     return outermost_ && operand_.GetBegin() == level_begin_ && operand_.GetEnd() == level_end_;
