@@ -54,7 +54,7 @@ struct InPlaceOperator {
     return left;
   }
 
-  Body body;
+  Body body;  // what it does
 };
 
 // Functions append their results and return true, or return false with a message added.

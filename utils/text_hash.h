@@ -12,6 +12,7 @@ namespace Quarn {
 
 // Made for short texts, such as names, which it goes through byte by byte.
 struct TextHash {
+  // The hash of a text of any kind.
   using is_transparent = void;
   std::size_t operator()(std::string_view text) const {
     std::size_t hash = 0;
@@ -21,10 +22,13 @@ struct TextHash {
   std::size_t operator()(const s_str& text) const { return (*this)(text.GetView()); }
 };
 
+// Character by character.
 struct TextEqual {
+  // Any kind of text, as a view.
   using is_transparent = void;
   static std::string_view View(const s_str& text) { return text.GetView(); }
   static std::string_view View(std::string_view text) { return text; }
+  // Are the two the same text?
   template <class A, class B>
   bool operator()(const A& a, const B& b) const {
     return View(a) == View(b);
