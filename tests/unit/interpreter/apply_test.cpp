@@ -150,15 +150,15 @@ TEST_F(Apply, WhatAnOperatorKeepsIsNotMadeOver) {
 
 // What an operator of another type has used up is nothing that a number could be written into.
 TEST_F(Apply, ANumberBehindAnOperatorOfAnotherTypeIsANewValue) {
-  Word::Register(session_.GetState());
   session_.GetState().AddBinary({
-      {"Word", "+", "Word",
+      {"Vector", "+", "Vector",
        InPlaceOperator{
            [](s_refptr<Symbol>& left, const s_refptr<Symbol>& right) { left = right; }}}
   });
   for (int i = 0; i < 2; ++i) {
-    EXPECT_EQ(session_.Evaluate("'a+'b"), "Word : b");
-    EXPECT_EQ(session_.Evaluate("'a+'b+3"), NoMatch("Word + Scalar", "b + 3"));
+    EXPECT_EQ(session_.Evaluate("<1>+<2>"), "Vector : <2>");
+    EXPECT_EQ(session_.Evaluate("<1>+<2>+3"), NoMatch("Vector + Scalar", "<2> + 3"));
+    EXPECT_EQ(session_.Evaluate("3*(<1>+<2>)"), "Vector : <6>");
   }
 }
 
