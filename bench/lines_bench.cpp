@@ -2,36 +2,12 @@
 // levels, elements, variables and references.
 #include <benchmark/benchmark.h>
 
-#include <ostream>
-#include <sstream>
-#include <streambuf>
 #include <string>
 
-#include "interpreter/state.h"
-#include "types/vector.h"
+#include "bench/host.h"
 
 namespace Quarn {
 namespace {
-
-class Nowhere : public std::streambuf {
- protected:
-  int_type overflow(int_type c) override { return traits_type::not_eof(c); }
-  std::streamsize xsputn(const char*, std::streamsize count) override { return count; }
-};
-
-struct Host {
-  Host() : out(&nowhere), state(out, in) { Vector::Register(state); }
-  Nowhere nowhere;
-  std::ostream out;
-  std::istringstream in;
-  State state;
-};
-
-std::string Repeat(const std::string& text, std::int64_t times) {
-  std::string repeated;
-  for (std::int64_t i = 0; i < times; ++i) repeated += text;
-  return repeated;
-}
 
 void Line(benchmark::State& run, const char* text) {
   Host host;

@@ -3,31 +3,15 @@
 #include <benchmark/benchmark.h>
 
 #include <memory>
-#include <sstream>
 #include <string>
 
+#include "bench/host.h"
 #include "interpreter/source.h"
-#include "interpreter/state.h"
 #include "types/scalar.h"
-#include "types/vector.h"
 #include "utils/s_str_convert.h"
 
 namespace Quarn {
 namespace {
-
-// A State with Vector that writes to a string.
-struct Host {
-  Host() : state(out, in) { Vector::Register(state); }
-  std::ostringstream out;
-  std::istringstream in;
-  State state;
-};
-
-std::string Repeat(const std::string& text, std::int64_t times) {
-  std::string repeated;
-  for (std::int64_t i = 0; i < times; ++i) repeated += text;
-  return repeated;
-}
 
 void MatchBrackets(benchmark::State& run) {
   const std::string text = Repeat("(a+b)*v[1]-<1, 2>", run.range(0));

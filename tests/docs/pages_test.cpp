@@ -94,7 +94,8 @@ TEST_F(Registries, AreInTheManual) {
 
 TEST(Manual, NamesTheVersion) {
   for (const char* path : {"docs/man/mirlow.1", "docs/man/mirlow-shell.1"}) {
-    EXPECT_NE(ReadPage(path).find(std::string("\"mirlow ") + kVersion + "\""), std::string::npos) << path;
+    EXPECT_NE(ReadPage(path).find(std::string("\"mirlow ") + kVersion + "\""), std::string::npos)
+        << path;
   }
 }
 

@@ -25,10 +25,8 @@ inline const std::string& Program() {
 }
 
 // To its end, with standard input at its end behind `input`. REQUIRES: the input fits into a pipe.
-inline Outcome RunToEnd(const std::vector<std::string>& arguments, const std::string& input,
-                        const Process::Options& options) {
-  std::vector<std::string> command = {Program()};
-  command.insert(command.end(), arguments.begin(), arguments.end());
+inline Outcome RunCommand(const std::vector<std::string>& command, const std::string& input,
+                          const Process::Options& options) {
   Process process(command, options);
   process.Type(input);
   process.EndInput();
@@ -36,6 +34,14 @@ inline Outcome RunToEnd(const std::vector<std::string>& arguments, const std::st
   outcome.output = process.ReadRest();
   outcome.status = process.Wait();
   return outcome;
+}
+
+// The same of the program with these arguments.
+inline Outcome RunToEnd(const std::vector<std::string>& arguments, const std::string& input,
+                        const Process::Options& options) {
+  std::vector<std::string> command = {Program()};
+  command.insert(command.end(), arguments.begin(), arguments.end());
+  return RunCommand(command, input, options);
 }
 
 // REQUIRES: a line of the input quits, or kills the program.

@@ -14,13 +14,8 @@ class Surroundings : public testing::Test {
  protected:
   // The shell's command starts the program as "$0"; its script, which prints kResult, is "script".
   Outcome InShell(const std::string& command, const std::string& input = "") {
-    Process shell({"/bin/sh", "-c", command, Program()}, {.directory = directory_.PathOf("")});
-    shell.Type(input);
-    shell.EndInput();
-    Outcome outcome;
-    outcome.output = shell.ReadRest();
-    outcome.status = shell.Wait();
-    return outcome;
+    return RunCommand({"/bin/sh", "-c", command, Program()}, input,
+                      {.directory = directory_.PathOf("")});
   }
   void ExpectResult(const std::string& command) {
     const Outcome outcome = InShell(command);
