@@ -176,8 +176,6 @@ class State {
   s_refptr<Symbol> Index(const Piece& leaf, std::uint32_t open, std::uint32_t close,
                          const s_str& name, s_str& error);
 
-  s_refptr<Symbol> EvaluateOperators(const Piece& piece, const s_str& name, s_str& error,
-                                     bool allow_new_symbol);
   s_refptr<Symbol> EvaluateOutermost(std::string_view text, const s_str& name, s_str& error,
                                      bool allow_new_symbol);
 
