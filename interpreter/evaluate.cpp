@@ -90,7 +90,8 @@ class Evaluation {
   enum class Current : std::uint8_t { kNone, kRead, kFolded };
   Current current_ = Current::kNone;
   s_refptr<Symbol> left_;   // of an operator that is being applied in its own way
-  s_refptr<Symbol> value_;  // what was read; once used up, it may be made over by the next literal
+  s_refptr<Symbol> value_;  // what was read
+  s_refptr<Symbol> spare_;  // an operand that was used up
   std::uint32_t level_begin_ = 0;  // the level: what the innermost parenthesis holds, or all
   std::uint32_t level_end_ = 0;
   bool outermost_ = true;  // has no parenthesis been opened but around the whole?
@@ -132,7 +133,7 @@ void Evaluation::CloseParenthesis() {
 [[gnu::always_inline]] inline bool Evaluation::ReadLeaf() {
   is_leaf_ = IsWhole();
   const s_str& name = is_leaf_ ? name_ : Symbol::NoName();
-  state_.EvaluateLeaf(operand_, name, error_, is_leaf_ && allow_new_symbol_, value_);
+  state_.EvaluateLeaf(operand_, name, error_, is_leaf_ && allow_new_symbol_, spare_, value_);
   current_ = Current::kRead;
   return value_ ? true : false;
 }
@@ -168,6 +169,7 @@ inline bool Evaluation::IsLastDue(unsigned int next_priority) const {
   const BinaryImplementation* known = state_.FindRemembered(op, *left, *value_);
   if (!known || !known->in_place) return ApplyBinary(op);
   known->in_place(left, value_);
+  spare_ = std::move(value_);
   return true;
 }
 
@@ -248,8 +250,8 @@ s_refptr<Symbol> State::Evaluate(const Piece& piece, const s_str& name, s_str& e
   // Most arguments and elements are a leaf each, as many lines are, and need no more than this.
   const Piece trimmed = piece.Trimmed();
   if (IsLeaf(trimmed)) {
-    s_refptr<Symbol> value;
-    EvaluateLeaf(trimmed, name, error, allow_new_symbol, value);
+    s_refptr<Symbol> spare, value;
+    EvaluateLeaf(trimmed, name, error, allow_new_symbol, spare, value);
     return value;
   }
   return Evaluation::Make(*this, piece, name, error, allow_new_symbol)->Run();

@@ -29,10 +29,11 @@ using TextConstructor = s_refptr<Symbol> (*)(State&, const s_str& name, const s_
 
 // Both at once for a text that still stands in its line, which is spared the copy, and the second
 // search for brackets where a literal holds expressions. False when the text is no literal;
-// otherwise the value is what the constructor would have given. Must agree with the two above. The
-// value that comes in is null, or one that is used up and may be made over if nobody else holds it.
+// otherwise `value`, which comes in as null, is what the constructor would have given, null again
+// for a failure. Must agree with the two above. `spare` is null, or a value that nothing uses any
+// more, which may become the result if nobody else holds it.
 using LiteralInPlace = bool (*)(State&, const s_str& name, const Piece& piece, s_str& error,
-                                s_refptr<Symbol>& value);
+                                s_refptr<Symbol>& spare, s_refptr<Symbol>& value);
 
 // Operators get resolved operands of exactly the types of their row, and return a new unnamed
 // value; null, with a message added to the error text, is a failure.

@@ -153,12 +153,11 @@ class State {
   static bool IsName(std::string_view text);
   static void AddUnary(UnaryRegistry& registry, std::initializer_list<UnaryRow> rows);
 
-  // The kinds of leaf; each gives null with a message when it fails. A value that comes in is one
-  // that a LiteralInPlace may make over.
+  // The kinds of leaf; each gives null with a message when it fails. REQUIRES: `value` is null.
   void EvaluateLeaf(const Piece& leaf, const s_str& name, s_str& error, bool allow_new_symbol,
-                    s_refptr<Symbol>& value) {
+                    s_refptr<Symbol>& spare, s_refptr<Symbol>& value) {
     const LiteralInPlace build = GetLiteralStart(leaf).only;
-    if (build && build(*this, name, leaf, error, value)) return;
+    if (build && build(*this, name, leaf, error, spare, value)) return;
     EvaluateOtherLeaf(leaf, name, error, allow_new_symbol, value);
   }
   void EvaluateOtherLeaf(const Piece& leaf, const s_str& name, s_str& error, bool allow_new_symbol,

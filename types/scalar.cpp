@@ -24,7 +24,8 @@ s_refptr<Symbol> CreateFrom(State&, const s_str& name, const s_str& text, s_str&
 
 bool IsScalar(const Symbol& value) { return typeid(value) == typeid(Scalar); }
 
-bool BuildInPlace(State&, const s_str& name, const Piece& piece, s_str&, s_refptr<Symbol>& value) {
+bool BuildInPlace(State&, const s_str& name, const Piece& piece, s_str&, s_refptr<Symbol>& spare,
+                  s_refptr<Symbol>& value) {
   const std::string_view text = piece.GetText();
   double number = ReadOrdinary(text);
   if (std::isnan(number)) {
@@ -33,8 +34,9 @@ bool BuildInPlace(State&, const s_str& name, const Piece& piece, s_str&, s_refpt
   }
   if (!name.IsEmpty()) {
     value = s_refptr<Symbol>(new Scalar(name, number));
-  } else if (value && IsScalar(*value)) {
-    Renew(value, number);
+  } else if (spare && IsScalar(*spare)) {
+    Renew(spare, number);
+    value = std::move(spare);
   } else {
     value = NewNumber(number);
   }

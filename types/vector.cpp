@@ -18,7 +18,7 @@ bool IsLiteralText(std::string_view text) { return text.starts_with('<') && text
 s_bool IsLiteral(const s_str& text) { return IsLiteralText(text.GetView()); }
 
 bool BuildInPlace(State& state, const s_str& name, const Piece& piece, s_str& error,
-                  s_refptr<Symbol>& value) {
+                  s_refptr<Symbol>&, s_refptr<Symbol>& value) {
   if (!IsLiteralText(piece.GetText())) return false;
   value = Vector::CreateFromPiece(state, name, piece, error);
   return true;

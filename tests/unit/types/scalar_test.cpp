@@ -206,8 +206,8 @@ TEST(Scalar, BuildsFromTextsWithSignsAndBlanks) {
     EXPECT_EQ(error.Get(), "");
     BracketRoom room;
     const Source source(row.expression, room);
-    s_refptr<Symbol> built;
-    EXPECT_TRUE(type.build_in_place(session.GetState(), "x", Piece(source), error, built));
+    s_refptr<Symbol> spare, built;
+    EXPECT_TRUE(type.build_in_place(session.GetState(), "x", Piece(source), error, spare, built));
     EXPECT_EQ(built->ToString().Get(), row.value);
   }
 }
