@@ -57,6 +57,9 @@ using UnaryMessage = s_str (*)(std::string_view op, const s_str& type, const s_s
 
 s_refptr<Symbol> State::ApplyBinaryOperator(std::string_view op, s_refptr<Symbol> left,
                                             s_refptr<Symbol> right, s_str& error) {
+  if (depth_.IsOutside()) {
+    return RunOutermost(error, [&] { return ApplyBinaryOperator(op, left, right, error); });
+  }
   const std::size_t known = FindOperator(op);
   if (known == kOperators) return SearchBinary(op, left, right, error);
   ApplyBinary(known, left, right, error);
@@ -130,6 +133,9 @@ const UnaryOperator* State::SearchUnary(const UnaryRegistry& registry, std::stri
 
 s_refptr<Symbol> State::ApplyRightUnaryOperator(std::string_view op, s_refptr<Symbol> operand,
                                                 s_str& error) {
+  if (depth_.IsOutside()) {
+    return RunOutermost(error, [&] { return ApplyRightUnaryOperator(op, operand, error); });
+  }
   const UnaryOperator* body = SearchUnary(right_unary_, op, operand);
   if (body) return Invoke(*body, operand, error);
   return depth_.IsExhausted() ? s_refptr<Symbol>()
@@ -138,6 +144,9 @@ s_refptr<Symbol> State::ApplyRightUnaryOperator(std::string_view op, s_refptr<Sy
 
 s_refptr<Symbol> State::ApplyLeftUnaryOperator(std::string_view op, s_refptr<Symbol> operand,
                                                s_str& error) {
+  if (depth_.IsOutside()) {
+    return RunOutermost(error, [&] { return ApplyLeftUnaryOperator(op, operand, error); });
+  }
   const UnaryOperator* body = SearchUnary(left_unary_, op, operand);
   if (body) return Invoke(*body, operand, error);
   return depth_.IsExhausted() ? s_refptr<Symbol>()

@@ -11,7 +11,7 @@ Result State::Compute(std::string_view expression) {
   s_refptr<Symbol> value = EvaluateText(expression, Symbol::NoName(), error);
   if (value) return {std::move(value), {}};
   // Inside an evaluation, the outermost one would have said so in the end.
-  if (error.IsEmpty()) error = messages::NestedTooDeeply();
+  if (error.IsEmpty() && depth_.IsExhausted()) error = messages::NestedTooDeeply();
   return {{}, error.Take()};
 }
 

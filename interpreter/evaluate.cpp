@@ -259,18 +259,15 @@ s_refptr<Symbol> State::Evaluate(const Piece& piece, const s_str& name, s_str& e
 
 s_refptr<Symbol> State::EvaluateText(std::string_view text, const s_str& name, s_str& error,
                                      bool allow_new_symbol) {
-  if (depth_.IsOutside()) return EvaluateOutermost(text, name, error, allow_new_symbol);
+  if (depth_.IsOutside()) {
+    return RunOutermost(error, [&] { return EvaluateText(text, name, error, allow_new_symbol); });
+  }
   const Source source(text, workspace_.brackets);
   return Evaluate(Piece(source), name, error, allow_new_symbol);
 }
 
-s_refptr<Symbol> State::EvaluateOutermost(std::string_view text, const s_str& name, s_str& error,
-                                          bool allow_new_symbol) {
-  const Depth::Level level(depth_);
-  const s_uint reported = error.GetSize();
-  s_refptr<Symbol> value = EvaluateText(text, name, error, allow_new_symbol);
-  if (level.IsGranted()) return value;
-  // Whatever failed on the way up failed for this one reason.
+// Whatever failed on the way up failed for this one reason.
+s_refptr<Symbol> State::ReportDepth(s_str& error, s_uint reported) {
   error = error.ExtractCount(0U, reported);
   AddError(error, messages::NestedTooDeeply());
   return {};

@@ -175,8 +175,15 @@ class State {
   s_refptr<Symbol> Index(const Piece& leaf, std::uint32_t open, std::uint32_t close,
                          const s_str& name, s_str& error);
 
-  s_refptr<Symbol> EvaluateOutermost(std::string_view text, const s_str& name, s_str& error,
-                                     bool allow_new_symbol);
+  // Runs what nothing else is evaluated around, and reports it when the stack did not suffice.
+  template <class Work>
+  s_refptr<Symbol> RunOutermost(s_str& error, Work work) {
+    const Depth::Level level(depth_);
+    const s_uint reported = error.GetSize();
+    s_refptr<Symbol> value = work();
+    return level.IsGranted() ? value : ReportDepth(error, reported);
+  }
+  static s_refptr<Symbol> ReportDepth(s_str& error, s_uint reported);
 
   // By the operator's place in kPriorities. The result takes the place of the left operand; the
   // right one may be used up, or is left as it was.

@@ -1,0 +1,140 @@
+// Tests of failures: they say why, say it once, and say nothing where their cause said nothing.
+#include <gtest/gtest.h>
+
+#include "interpreter/state.h"
+#include "tests/support/foreign_types.h"
+#include "tests/support/session.h"
+#include "types/value.h"
+
+namespace Quarn {
+namespace {
+
+constexpr char kTooDeep[] = "\tError : Expression is nested too deeply";
+
+class FailureTest : public testing::Test {
+ protected:
+  FailureTest() {
+    Word::Register(state_);
+    session_.Type("ring&=ring+1");
+  }
+
+  // Leaves the State as an evaluation does that did not fit on the stack.
+  void MeetTheRing() { EXPECT_EQ(state_.Compute("ring+1").error, kTooDeep); }
+
+  std::string Describe(const s_refptr<Symbol>& value, const s_str& error) {
+    return value ? error.Get() + ToText(value) : "null " + error.Get();
+  }
+  std::string Before(const char* op, const s_refptr<Symbol>& operand, s_str error = "") {
+    const s_refptr<Symbol> value = state_.ApplyRightUnaryOperator(op, operand, error);
+    return Describe(value, error);
+  }
+  std::string Behind(const char* op, const s_refptr<Symbol>& operand, s_str error = "") {
+    const s_refptr<Symbol> value = state_.ApplyLeftUnaryOperator(op, operand, error);
+    return Describe(value, error);
+  }
+  std::string Between(const char* op, const s_refptr<Symbol>& left, const s_refptr<Symbol>& right,
+                      s_str error = "") {
+    const s_refptr<Symbol> value = state_.ApplyBinaryOperator(op, left, right, error);
+    return Describe(value, error);
+  }
+
+  Session session_;
+  State& state_ = session_.GetState();
+};
+
+TEST_F(FailureTest, OperatorsAreAppliedByHandAfterARing) {
+  const s_refptr<Symbol> word = session_.Parse("'ab");
+  MeetTheRing();
+  EXPECT_EQ(Before("-", FromNumber(2)), "-2");
+  MeetTheRing();
+  EXPECT_EQ(Behind("!", word), "abab");
+  MeetTheRing();
+  EXPECT_EQ(Between("+", FromNumber(2), FromNumber(3)), "5");
+  MeetTheRing();
+  EXPECT_EQ(Between("+", word, word), "abab");
+}
+
+TEST_F(FailureTest, OperatorsAreAppliedByHandAfterARingIsShown) {
+  const s_refptr<Symbol> ring = state_.GetSymbol("ring");
+  EXPECT_EQ(ToText(ring), "ring+1");
+  EXPECT_EQ(Before("-", FromNumber(2)), "-2");
+  EXPECT_EQ(GetTypeName(ring), "Reference");
+  EXPECT_EQ(Behind("!", session_.Parse("'ab")), "abab");
+  EXPECT_EQ(ToNumber(ring), std::nullopt);
+  EXPECT_EQ(Before("!", FromNumber(4)), "24");
+}
+
+TEST_F(FailureTest, AnOperatorThatIsAppliedToARingByHandSaysWhyItFails) {
+  const s_refptr<Symbol> ring = state_.GetSymbol("ring");
+  const s_refptr<Symbol> one = FromNumber(1);
+  const std::string kNull = "null ";
+  EXPECT_EQ(Before("-", ring), kNull + kTooDeep);
+  EXPECT_EQ(Behind("!", ring), kNull + kTooDeep);
+  EXPECT_EQ(Between("+", ring, one), kNull + kTooDeep);
+  EXPECT_EQ(Between("+", one, ring), kNull + kTooDeep);
+  session_.Type("x=1;v=<1, &x>;x&=x+1");
+  EXPECT_EQ(Between("*", one, state_.GetSymbol("v")), kNull + kTooDeep);
+  EXPECT_EQ(Before("-", ring, "\tError : Another"), kNull + "\tError : Another\n" + kTooDeep);
+}
+
+// What fails without a word.
+s_bool FailSilently(State&, const Values&, Values&, s_str&) { return false; }
+s_bool GiveNull(State&, const Values&, Values& results, s_str&) {
+  results.PushBack({});
+  return true;
+}
+s_refptr<Symbol> BuildNothing(State&, const s_str&, const s_str&, s_str&) { return {}; }
+s_refptr<Symbol> JoinToNothing(s_refptr<Symbol>, s_refptr<Symbol>, s_str&) { return {}; }
+s_refptr<Symbol> TurnToNothing(s_refptr<Symbol>, s_str&) { return {}; }
+
+class SilentFailureTest : public FailureTest {
+ protected:
+  SilentFailureTest() {
+    state_.AddType({"Nothing", [](const s_str& name) { return s_refptr<Symbol>(new Symbol(name)); },
+                    [](const s_str& text) -> s_bool { return text == "@"; }, BuildNothing});
+    state_.AddFunctions({
+        {"fails", {""},       FailSilently},
+        {"gives", {""},       GiveNull    },
+        {"gives", {"Scalar"}, GiveNull    },
+    });
+    state_.AddBinary({
+        {"Scalar", "^", "Scalar", JoinToNothing}
+    });
+    state_.AddRightUnary({
+        {"^", "Scalar", TurnToNothing}
+    });
+    state_.AddLeftUnary({
+        {"^", "Scalar", TurnToNothing}
+    });
+  }
+};
+
+TEST_F(SilentFailureTest, HasNoValueAndNoWords) {
+  for (const char* expression :
+       {"fails()", "gives()", "gives(1)", "2^3", "^2", "2^", "@", "1+fails()", "<1, 2^3>",
+        "min(gives(), 1)", "1+2+gives()", "-(2^3)", "<1, 2>[@]"}) {
+    const Result result = state_.Compute(expression);
+    EXPECT_FALSE(result.value) << expression;
+    EXPECT_EQ(result.error, "") << expression;
+    EXPECT_EQ(session_.Type(expression), "\n") << expression;
+  }
+}
+
+TEST_F(SilentFailureTest, HasNoWordsForAFunctionThatComputesEither) {
+  std::string error = "not called";
+  state_.AddFunction("asks", {""}, [&](State& state, const Values&, Values&, s_str&) -> s_bool {
+    error = state.Compute("1+fails()").error;
+    return false;
+  });
+  EXPECT_EQ(state_.Compute("asks()").error, "");
+  EXPECT_EQ(error, "");
+}
+
+TEST_F(SilentFailureTest, DoesNotHideAnErrorThatWasThereBefore) {
+  s_str error = "\tError : Another";
+  EXPECT_FALSE(state_.ParseSymbol("", "2^3", error, false));
+  EXPECT_EQ(error.Get(), "\tError : Another");
+}
+
+}  // namespace
+}  // namespace Quarn
