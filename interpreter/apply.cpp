@@ -104,7 +104,7 @@ void State::Remember(std::string_view op, const Symbol& left, const Symbol& righ
   const std::size_t known = FindOperator(op);
   if (!left.GetFixedType() || !right.GetFixedType() || known == kOperators) return;
   const auto* in_place = body.target<InPlaceOperator>();
-  binary_dispatch_.Remember(known, &typeid(left), &typeid(right),
+  binary_dispatch_.Remember(known, left.GetFixedType().Get(), right.GetFixedType().Get(),
                             {&body, in_place ? in_place->body : nullptr});
 }
 

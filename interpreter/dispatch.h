@@ -1,7 +1,7 @@
 // Dispatch remembers which implementation of a binary operator was found for operands of which
-// classes, so that the registries are searched by text once and not for every application. Only
-// classes with a fixed type (Symbol::GetFixedType) may be remembered; each is known by an address
-// of its own. Whoever changes the registry forgets everything.
+// types, so that the registries are searched by text once and not for every application. Only
+// types that are fixed (FixedType) may be remembered; each is known by the address of its name.
+// Whoever changes the registry forgets everything.
 #pragma once
 
 #include <array>
@@ -15,8 +15,9 @@ namespace Quarn {
 template <class Implementation>
 class Dispatch {
  public:
-  // Null when nothing is remembered; valid until the next that is. REQUIRES: classes, not null.
-  const Implementation* Find(std::size_t op, const void* left, const void* right) const {
+  // Null when nothing is remembered; valid until the next that is. REQUIRES: the left type is not
+  // null.
+  const Implementation* Find(std::size_t op, const char* left, const char* right) const {
     for (const Entry& entry : entries_[op]) {
       if (entry.left == left && entry.right == right) return &entry.implementation;
     }
@@ -24,7 +25,7 @@ class Dispatch {
   }
 
   // Forgets the oldest of the operator when all places are taken.
-  void Remember(std::size_t op, const void* left, const void* right,
+  void Remember(std::size_t op, const char* left, const char* right,
                 Implementation implementation) {
     entries_[op][oldest_[op]++ % kPlaces] = {left, right, implementation};
   }
@@ -33,8 +34,8 @@ class Dispatch {
   static constexpr std::size_t kPlaces = 4;
 
   struct Entry {
-    const void* left = nullptr;
-    const void* right = nullptr;
+    const char* left = nullptr;
+    const char* right = nullptr;
     Implementation implementation{};
   };
 

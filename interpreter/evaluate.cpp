@@ -169,7 +169,8 @@ inline bool Evaluation::IsLastDue(unsigned int next_priority) const {
   const BinaryImplementation* known = state_.FindRemembered(op, *left, *value_);
   if (!known || !known->in_place) return ApplyBinary(op);
   known->in_place(left, value_);
-  spare_ = std::move(value_);
+  spare_.Swap(value_);
+  if (value_) value_ = {};
   return true;
 }
 

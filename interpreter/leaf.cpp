@@ -50,7 +50,7 @@ bool FindFixedTypes(const Values& arguments,
   std::size_t count = 0;
   for (const s_refptr<Symbol>& argument : arguments) {
     if (count == types.size()) return false;
-    types[count] = argument->GetFixedType();
+    types[count] = argument->GetFixedType().Get();
     if (!types[count++]) return false;
   }
   return true;

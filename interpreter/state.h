@@ -12,7 +12,6 @@
 #include <array>
 #include <initializer_list>
 #include <iosfwd>
-#include <typeinfo>
 #include <unordered_map>
 #include <vector>
 
@@ -190,7 +189,8 @@ class State {
   void ApplyBinary(std::size_t op, s_refptr<Symbol>& left, s_refptr<Symbol>& right, s_str& error);
   const BinaryImplementation* FindRemembered(std::size_t op, const Symbol& left,
                                              const Symbol& right) const {
-    return binary_dispatch_.Find(op, &typeid(left), &typeid(right));
+    const FixedType type = left.GetFixedType();
+    return type ? binary_dispatch_.Find(op, type.Get(), right.GetFixedType().Get()) : nullptr;
   }
   const UnaryOperator* SearchUnary(const UnaryRegistry& registry, std::string_view op,
                                    s_refptr<Symbol>& operand) const;

@@ -12,6 +12,25 @@
 
 namespace Quarn {
 
+class Reference;
+
+// The name of a type by whose address look-ups may go, since every value that gives it is of that
+// type. Only final classes of the library can make one: a class from outside might be derived from,
+// and another type be given to what is derived.
+class FixedType {
+ public:
+  constexpr FixedType() = default;  // none: ask GetType
+  constexpr const char* Get() const { return name_; }
+  explicit constexpr operator bool() const { return name_ != nullptr; }
+
+ private:
+  friend class Scalar;
+  friend class Vector;
+  explicit constexpr FixedType(const char* name) : name_(name) {}
+
+  const char* name_ = nullptr;
+};
+
 class Symbol {
  public:
   // The name of the abstract type.
@@ -41,9 +60,10 @@ class Symbol {
 
   // Appends what ToString returns. A type with long texts overrides it to save the copy.
   virtual void AppendTo(s_str& text) const { text += ToString(); }
-  // For a class whose GetType and GetDeclaredType are one and the same text for every object: that
-  // text, always at the same address, so that look-ups compare addresses. Null: ask GetType.
-  virtual const char* GetFixedType() const { return nullptr; }
+  // Saves look-ups the text that GetType returns.
+  FixedType GetFixedType() const { return fixed_type_; }
+  // The value as a Reference; null for every other class, whatever type it declares.
+  virtual const Reference* AsReference() const { return nullptr; }
 
   // The name of the symbol that the value is of; empty for a temporary.
   const s_str& GetName() const { return name_; }
@@ -58,14 +78,21 @@ class Symbol {
 
  protected:
   Symbol() = default;  // a temporary
+  // Of a class with a fixed type.
+  explicit Symbol(FixedType type) : fixed_type_(type) {}
+  Symbol(const s_str& name, FixedType type) : fixed_type_(type), name_(name), value_text_(name) {}
+  Symbol(const Symbol& other, FixedType type)
+      : fixed_type_(type), name_(other.name_), value_text_(other.value_text_) {}
   // Makes a temporary of a named value.
   void ClearNames() {
     name_.Clear();
     value_text_.Clear();
   }
-  Symbol(const Symbol&) = default;
+  // A copy has the names alone: it may be part of a class of another type.
+  Symbol(const Symbol& other) : Symbol(other, FixedType()) {}
 
  private:
+  const FixedType fixed_type_;
   s_str name_;
   s_str value_text_;
 };

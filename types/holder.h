@@ -41,7 +41,6 @@ class Holder : public Symbol {
     return GetName().IsEmpty() ? text : GetName() + " = " + text;
   }
   s_str GetType() const override { return Own::kType; }
-  const char* GetFixedType() const override { return Own::kType; }
   s_refptr<Symbol> Clone() const override {
     return s_refptr<Symbol>(new Own(static_cast<const Own&>(*this)));
   }

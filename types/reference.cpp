@@ -15,10 +15,6 @@ s_refptr<Symbol> CreateFrom(State& state, const s_str& name, const s_str& text, 
   return NewReference(state, name, TrimSpaces(text.GetView().substr(1)));
 }
 
-[[gnu::noinline]] bool IsReference(const Symbol& value) {
-  return !value.GetFixedType() && value.GetDeclaredType().GetView() == Reference::kType;
-}
-
 [[gnu::noinline]] s_refptr<Symbol> NewNull() {
   return s_refptr<Symbol>(new Reference(Symbol::NoName()));
 }
@@ -38,9 +34,8 @@ s_refptr<Symbol> Reference::EvaluateThrough() const {
   const Depth::Level level(state_->GetDepth(), expression_.GetView().size());
   s_refptr<Symbol> value = Evaluate();
   if (!value) return NewNull();
-  if (!IsReference(*value)) return value;
-  const auto& next = static_cast<const Reference&>(*value);
-  return next.IsNullReference() ? value : next.EvaluateThrough();
+  const Reference* next = value->AsReference();
+  return next && !next->IsNullReference() ? next->EvaluateThrough() : value;
 }
 
 s_str Reference::ToString() const {
@@ -67,8 +62,8 @@ s_refptr<Symbol> NewReference(State& state, const s_str& name, std::string_view 
 }
 
 s_refptr<Symbol> Resolve(const s_refptr<Symbol>& value) {
-  if (!IsReference(*value)) return value;
-  return static_cast<const Reference&>(*value).EvaluateThrough();
+  const Reference* reference = value->AsReference();
+  return reference ? reference->EvaluateThrough() : value;
 }
 
 }  // namespace Quarn

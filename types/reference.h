@@ -37,6 +37,7 @@ class Reference final : public Symbol {
   s_str GetDeclaredType() const override { return kType; }
   s_str GetFullType() const override { return kType; }
   s_refptr<Symbol> Clone() const override { return s_refptr<Symbol>(new Reference(*this)); }
+  const Reference* AsReference() const override { return this; }
 
  private:
   s_str expression_;

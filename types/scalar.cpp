@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <functional>
-#include <typeinfo>
 
 #include "interpreter/state.h"
 #include "types/lift.h"
@@ -22,7 +21,7 @@ s_refptr<Symbol> CreateFrom(State&, const s_str& name, const s_str& text, s_str&
   return s_refptr<Symbol>(new Scalar(name, ReadDouble(text.GetView()).value));
 }
 
-bool IsScalar(const Symbol& value) { return typeid(value) == typeid(Scalar); }
+bool IsScalar(const Symbol& value) { return value.GetFixedType().Get() == Scalar::kType; }
 
 bool BuildInPlace(State&, const s_str& name, const Piece& piece, s_str&, s_refptr<Symbol>& spare,
                   s_refptr<Symbol>& value) {
@@ -36,7 +35,7 @@ bool BuildInPlace(State&, const s_str& name, const Piece& piece, s_str&, s_refpt
     value = s_refptr<Symbol>(new Scalar(name, number));
   } else if (spare && IsScalar(*spare)) {
     Renew(spare, number);
-    value = std::move(spare);
+    value.Swap(spare);
   } else {
     value = NewNumber(number);
   }

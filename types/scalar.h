@@ -17,9 +17,9 @@ class Scalar final : public Symbol {
   static void Register(State& state);
 
   // Without a number, it is NaN.
-  explicit Scalar(const s_str& name) : Symbol(name), value_(s_double::NaN()) {}
-  Scalar(const s_str& name, s_double value) : Symbol(name), value_(value) {}
-  explicit Scalar(s_double value) : value_(value) {}  // a temporary
+  explicit Scalar(const s_str& name) : Scalar(name, s_double::NaN()) {}
+  Scalar(const s_str& name, s_double value) : Symbol(name, FixedType(kType)), value_(value) {}
+  explicit Scalar(s_double value) : Symbol(FixedType(kType)), value_(value) {}  // a temporary
 
   // The number.
   s_double GetValue() const { return value_; }
@@ -33,9 +33,10 @@ class Scalar final : public Symbol {
   s_str GetType() const override { return kType; }
   s_refptr<Symbol> Clone() const override { return s_refptr<Symbol>(new Scalar(*this)); }
   void AppendTo(s_str& text) const override;
-  const char* GetFixedType() const override { return kType; }
 
  private:
+  Scalar(const Scalar& other) : Symbol(other, FixedType(kType)), value_(other.value_) {}
+
   s_double value_;
 };
 

@@ -12,7 +12,7 @@ namespace {
 s_refptr<Symbol> ResolveAs(const char* type, const s_refptr<Symbol>& value) {
   if (!value) return {};
   s_refptr<Symbol> resolved = Resolve(value);
-  return resolved && resolved->GetFixedType() == type ? resolved : s_refptr<Symbol>();
+  return resolved && resolved->GetFixedType().Get() == type ? resolved : s_refptr<Symbol>();
 }
 
 }  // namespace

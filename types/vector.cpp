@@ -24,7 +24,7 @@ bool BuildInPlace(State& state, const s_str& name, const Piece& piece, s_str& er
   return true;
 }
 
-bool IsVector(const Symbol& value) { return value.GetFixedType() == Vector::kType; }
+bool IsVector(const Symbol& value) { return value.GetFixedType().Get() == Vector::kType; }
 
 s_refptr<Symbol>& LastOf(Values& elements) { return elements[elements.GetSize() - s_uint(1U)]; }
 

@@ -27,7 +27,7 @@ class Vector final : public Symbol {
   explicit Vector(const s_str& name) : Vector(name, s_refptr<Values>(new Values)) {}  // no elements
   // REQUIRES: elements, and nobody changes them any more.
   Vector(const s_str& name, s_refptr<Values> elements)
-      : Symbol(name), elements_(std::move(elements)) {}
+      : Symbol(name, FixedType(kType)), elements_(std::move(elements)) {}
   ~Vector() override;
 
   // In order, and how many.
@@ -39,10 +39,9 @@ class Vector final : public Symbol {
   s_str GetFullType() const override;  // "3-Vector"
   s_refptr<Symbol> Clone() const override { return s_refptr<Symbol>(new Vector(*this)); }
   void AppendTo(s_str& text) const override;
-  const char* GetFixedType() const override { return kType; }
 
  private:
-  Vector(const Vector&) = default;
+  Vector(const Vector& other) : Symbol(other, FixedType(kType)), elements_(other.elements_) {}
 
   static s_refptr<Values>& ElementsOf(Symbol& vector);
   static bool OwnsElementsAlone(const s_refptr<Symbol>& value);

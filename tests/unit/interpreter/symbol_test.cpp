@@ -41,7 +41,8 @@ TEST(Symbol, IsOfTheTypeSymbolInEveryRespect) {
   EXPECT_EQ(symbol.GetType().Get(), "Symbol");
   EXPECT_EQ(symbol.GetDeclaredType().Get(), "Symbol");
   EXPECT_EQ(symbol.GetFullType().Get(), "Symbol");
-  EXPECT_EQ(symbol.GetFixedType(), nullptr);
+  EXPECT_FALSE(symbol.GetFixedType());
+  EXPECT_EQ(symbol.AsReference(), nullptr);
 }
 
 TEST(Symbol, KeepsItsTextWhenItsNameChanges) {
@@ -92,7 +93,23 @@ TEST(Symbol, ATypeOfItsOwnDeclaresAndShowsItsType) {
   EXPECT_EQ(plain.GetDeclaredType().Get(), "Plain");
   EXPECT_EQ(plain.GetFullType().Get(), "Plain");
   EXPECT_EQ(plain.ToString().Get(), "p");
-  EXPECT_EQ(plain.GetFixedType(), nullptr);
+  EXPECT_FALSE(plain.GetFixedType());
+  EXPECT_EQ(plain.AsReference(), nullptr);
+}
+
+// What is copied from a Scalar may become part of a value that is none.
+TEST(Symbol, ATypeOfItsOwnMadeFromAScalarIsNoScalar) {
+  class Measured final : public Symbol {
+   public:
+    explicit Measured(const Symbol& other) : Symbol(other) {}
+    s_str GetType() const override { return "Measured"; }
+  };
+  const Scalar scalar("x", 2.5);
+  EXPECT_TRUE(scalar.GetFixedType());
+  EXPECT_TRUE(scalar.Clone()->GetFixedType());
+  const Measured measured(scalar);
+  EXPECT_EQ(measured.GetName().Get(), "x");
+  EXPECT_FALSE(measured.GetFixedType());
 }
 
 TEST(Symbol, AppendsWhatTheTypeSays) {

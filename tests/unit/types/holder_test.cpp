@@ -86,7 +86,7 @@ TEST_F(HolderTest, ACopyIsOfTheSameClassAndHasANameOfItsOwn) {
   copy->SetName("b");
   EXPECT_EQ(angle->ToString().Get(), "a = 90deg");
   EXPECT_EQ(copy->ToString().Get(), "b = 90deg");
-  EXPECT_STREQ(copy->GetFixedType(), "Angle");
+  EXPECT_EQ(copy->GetType().Get(), "Angle");
 }
 
 TEST_F(HolderTest, RowsApplyPlainFunctions) {

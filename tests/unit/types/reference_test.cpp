@@ -22,7 +22,8 @@ TEST(Reference, WithoutAnExpressionIsNull) {
   EXPECT_EQ(null.GetExpression().Get(), "");
   EXPECT_EQ(Describe(null), "Reference Reference Reference : null");  // its name is not shown
   EXPECT_TRUE(null.EvaluateThrough().IsNull());
-  EXPECT_EQ(null.GetFixedType(), nullptr);
+  EXPECT_FALSE(null.GetFixedType());
+  EXPECT_EQ(null.AsReference(), &null);
 }
 
 TEST(Reference, ShowsItsValueUnderItsName) {

@@ -66,8 +66,8 @@ TEST(Scalar, IsOfOneTypeInEveryRespect) {
   EXPECT_EQ(scalar.GetType().Get(), "Scalar");
   EXPECT_EQ(scalar.GetDeclaredType().Get(), "Scalar");
   EXPECT_EQ(scalar.GetFullType().Get(), "Scalar");
-  EXPECT_EQ(scalar.GetFixedType(), Scalar(1).GetFixedType());
-  EXPECT_STREQ(scalar.GetFixedType(), "Scalar");
+  EXPECT_EQ(scalar.GetFixedType().Get(), Scalar(1).GetFixedType().Get());
+  EXPECT_STREQ(scalar.GetFixedType().Get(), "Scalar");
 }
 
 TEST(Scalar, CloneIsANumberOfItsOwn) {

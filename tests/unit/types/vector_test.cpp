@@ -69,7 +69,7 @@ TEST(Vector, ShowsItsLengthInItsFullTypeAlone) {
     EXPECT_EQ(vector->GetFullType().Get(), "3-Vector") << literal;
     EXPECT_EQ(vector->GetType().Get(), "Vector") << literal;
     EXPECT_EQ(vector->GetDeclaredType().Get(), "Vector") << literal;
-    EXPECT_STREQ(vector->GetFixedType(), "Vector") << literal;
+    EXPECT_STREQ(vector->GetFixedType().Get(), "Vector") << literal;
   }
 }
 
