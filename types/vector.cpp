@@ -13,13 +13,11 @@ namespace {
 
 s_refptr<Symbol> Create(const s_str& name) { return s_refptr<Symbol>(new Vector(name)); }
 
-bool IsLiteralText(std::string_view text) { return text.starts_with('<') && text.ends_with('>'); }
-
-s_bool IsLiteral(const s_str& text) { return IsLiteralText(text.GetView()); }
+s_bool TestLiteral(const s_str& text) { return Vector::IsLiteral(text.GetView()); }
 
 bool BuildInPlace(State& state, const s_str& name, const Piece& piece, s_str& error,
                   s_refptr<Symbol>&, s_refptr<Symbol>& value) {
-  if (!IsLiteralText(piece.GetText())) return false;
+  if (!Vector::IsLiteral(piece.GetText())) return false;
   value = Vector::CreateFromPiece(state, name, piece, error);
   return true;
 }
@@ -40,7 +38,7 @@ bool Vector::OwnsElementsAlone(const s_refptr<Symbol>& value) {
 }
 
 void Vector::Register(State& state) {
-  state.AddType({kType, Create, IsLiteral, CreateFrom, BuildInPlace, "<"});
+  state.AddType({kType, Create, TestLiteral, CreateFrom, BuildInPlace, "<"});
   state.AddBinary({
       {Scalar::kType, "*",  kType,         On(state, ScaleFromLeft)   },
       {kType,         "*",  Scalar::kType, On(state, ScaleFromRight)  },

@@ -16,9 +16,13 @@ class Vector final : public Symbol {
   static constexpr char kType[] = "Vector";
   static void Register(State& state);
 
-  // The vector of a literal between "<" and ">"; null, with a message added, when an element fails
-  // or the elements are of different types. Elements that are references count with the type of
-  // their value, but only beside one that is not a reference.
+  // Does the text begin with "<" and end with ">"?
+  static bool IsLiteral(std::string_view text) {
+    return text.starts_with('<') && text.ends_with('>');
+  }
+  // The vector of a literal; null, with a message added, when the text is none, when an element
+  // fails or when the elements are of different types. Elements that are references count with the
+  // type of their value, but only beside one that is not a reference.
   static s_refptr<Symbol> CreateFrom(State& state, const s_str& name, const s_str& text,
                                      s_str& error);
   static s_refptr<Symbol> CreateFromPiece(State& state, const s_str& name, const Piece& literal,

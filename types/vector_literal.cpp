@@ -79,6 +79,10 @@ s_refptr<Symbol> Vector::CreateFrom(State& state, const s_str& name, const s_str
 
 s_refptr<Symbol> Vector::CreateFromPiece(State& state, const s_str& name, const Piece& literal,
                                          s_str& error) {
+  if (!IsLiteral(literal.GetText())) {
+    AddError(error, messages::NoOperatorFound(literal.GetText()));
+    return {};
+  }
   const Piece inside = literal.Inside();
   if (!inside.CheckBrackets(error)) return {};
   // On the heap, because elements may be vectors, and so on down the stack.

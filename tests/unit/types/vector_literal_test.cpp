@@ -156,5 +156,16 @@ TEST(VectorLiteral, IsBuiltFromATextAsFromALine) {
   EXPECT_TRUE(error.EndsWith("\n\tError : Unterminated '('"));
 }
 
+TEST(VectorLiteral, ATextThatIsNoneIsRefused) {
+  Session session;
+  for (const char* text :
+       {"", "<", ">", "1", "a<1>b", "<1", "1>", " <1>", "<1> ", "((", "<(", ")>("}) {
+    s_str error;
+    EXPECT_FALSE(Vector::CreateFrom(session.GetState(), "v", text, error)) << text;
+    EXPECT_EQ(error.Get(), std::string("\tError : Unable to parse expression '") + text +
+                               "', no operator found");
+  }
+}
+
 }  // namespace
 }  // namespace Quarn
