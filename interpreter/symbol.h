@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <new>
 
 #include "utils/s_refptr.h"
 #include "utils/s_str.h"
@@ -75,6 +76,13 @@ class Symbol {
   // Values come from the pool, whatever their class.
   static void* operator new(std::size_t size) { return Pool::Allocate(size); }
   static void operator delete(void* block, std::size_t size) noexcept { Pool::Free(block, size); }
+  // Those of a class that asks for more than the default alignment do not.
+  static void* operator new(std::size_t size, std::align_val_t alignment) {
+    return ::operator new(size, alignment);
+  }
+  static void operator delete(void* block, std::size_t size, std::align_val_t alignment) noexcept {
+    ::operator delete(block, size, alignment);
+  }
 
  protected:
   Symbol() = default;  // a temporary

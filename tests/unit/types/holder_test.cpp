@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <functional>
 
@@ -118,6 +120,48 @@ TEST_F(HolderTest, ATypeWithoutReadHasNoLiterals) {
   EXPECT_FALSE(session_.GetState().GetTypes().find("Ticket")->second.is_literal);
   EXPECT_EQ(session_.Evaluate("#1"),
             "\tError : Unable to parse expression '#1', no operator found");
+}
+
+// Payloads that vector instructions load must lie where those expect them.
+struct alignas(64) Lanes {
+  double lanes[4] = {};
+};
+class Wide final : public Holder<Wide, Lanes> {
+ public:
+  static constexpr char kType[] = "Wide";
+  static std::optional<Lanes> Read(std::string_view text) {
+    return text == "wide" ? std::optional(Lanes()) : std::nullopt;
+  }
+  static std::string Write(const Lanes& lanes) { return std::to_string(lanes.lanes[0]); }
+  using Holder::Holder;
+};
+class LargeAndWide final : public Holder<LargeAndWide, std::array<Lanes, 8>> {
+ public:
+  static constexpr char kType[] = "LargeAndWide";
+  static std::string Write(const std::array<Lanes, 8>&) { return "large"; }
+  using Holder::Holder;
+};
+
+template <class T>
+bool IsAligned(const T& payload) {
+  return reinterpret_cast<std::uintptr_t>(&payload) % alignof(T) == 0;
+}
+
+TEST_F(HolderTest, APayloadLiesAsItsTypeAsks) {
+  State& state = session_.GetState();
+  state.AddType(TypeOf<Wide>("w"));
+  state.AddType(TypeOf<LargeAndWide>());
+  session_.Type("a:LargeAndWide");
+  Values kept;
+  for (int i = 0; i < 100; ++i) {
+    kept.PushBack(session_.Parse("wide"));
+    kept.PushBack(kept[0U]->Clone());
+    const s_refptr<Symbol> large = session_.Parse("a");
+    EXPECT_TRUE(IsAligned(static_cast<const LargeAndWide&>(*large).GetPayload())) << i;
+  }
+  for (const s_refptr<Symbol>& wide : kept) {
+    EXPECT_TRUE(IsAligned(static_cast<const Wide&>(*wide).GetPayload()));
+  }
 }
 
 TEST_F(HolderTest, OtherTypesFindNoRow) {
