@@ -42,6 +42,7 @@ s_bool State::CheckName(std::string_view name, s_str& error) {
 }
 
 void State::ProcessLine(const s_str& line) {
+  DropReplaced();
   std::string_view rest = line.GetView();
   while (!rest.empty()) {
     const std::string_view command = rest.substr(0, rest.find(';'));

@@ -134,6 +134,7 @@ s_refptr<Symbol> State::EvaluateNoLiteral(const Piece& leaf, const s_str& name, 
   const std::string_view name = TrimSpaces(leaf.Before(open).GetText());
   const auto found = function_index_.find(name);
   if (found == function_index_.end()) return Fail(error, messages::UndefinedFunction, name);
+  const FunctionRegistry::value_type& function = *found->second;
   const LentLists lists(workspace_);
   lists->part = FindList(leaf, open);
   if (!lists->part.CheckBrackets(error)) return {};
@@ -141,7 +142,7 @@ s_refptr<Symbol> State::EvaluateNoLiteral(const Piece& leaf, const s_str& name, 
   while (lists->parts.Next(lists->part)) {
     if (!Add(lists->arguments, Evaluate(lists->part, Symbol::NoName(), error))) return {};
   }
-  return CallOverload(found->second->first, found->second->second, *lists, error);
+  return CallOverload(function.first, function.second, *lists, error);
 }
 
 [[gnu::noinline]] s_refptr<Symbol> State::CallOverload(const s_str& name,

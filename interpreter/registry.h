@@ -71,7 +71,7 @@ struct TypeRow {
   TextConstructor create_from = nullptr;
   LiteralInPlace build_in_place = nullptr;  // null: the text is copied
   // The characters with which literals begin; other texts are not looked at. Empty: any.
-  std::string_view literal_starts = {};
+  s_str literal_starts = {};
 };
 
 // An operator with one operand, for State::AddRightUnary or State::AddLeftUnary.

@@ -9,7 +9,8 @@ namespace {
 
 bool MayBeginLiteral(const TypeRow& type, char start) {
   if (!type.is_literal) return false;
-  return type.literal_starts.empty() || type.literal_starts.find(start) != std::string_view::npos;
+  const std::string_view starts = type.literal_starts.GetView();
+  return starts.empty() || starts.find(start) != std::string_view::npos;
 }
 
 s_refptr<Symbol> CreateSymbol(const s_str& name) { return s_refptr<Symbol>(new Symbol(name)); }
@@ -31,33 +32,55 @@ void State::SetLastResult(s_refptr<Symbol> value) {
 
 void State::Flush() { out_.flush(); }
 
+// Memory that runs out while something is registered leaves all as it was, or has the row in use:
+// what may fail is made before anything changes.
+
 void State::AddType(const TypeRow& row) {
-  types_.insert_or_assign(row.name, row);
+  Registry<TypeRow> types = types_;
+  types.insert_or_assign(row.name, row);
   decltype(literals_) literals;
   for (std::size_t code = 0; code < literals.size(); ++code) {
     LiteralStart& start = literals[code];
-    for (const auto& [name, type] : types_) {
+    for (const auto& [name, type] : types) {
       if (MayBeginLiteral(type, static_cast<char>(code))) start.types.push_back(&type);
     }
     // A "[" may begin the operator "[]", which is looked for first.
     if (start.types.size() == 1 && code != '[') start.only = start.types[0]->build_in_place;
   }
-  literals_ = std::move(literals);
+  types_.swap(types);
+  literals_.swap(literals);
 }
 
-// Each body is copied before there is an entry for it: memory that runs out leaves no empty one.
-void State::AddBinary(std::initializer_list<BinaryRow> rows) {
-  for (const BinaryRow& row : rows) {
-    BinaryOperator body = row.body;
-    binary_[row.op][row.left][row.right] = std::move(body);
+// A body that is replaced may be running; it then stays where it is until nothing runs any more.
+template <class Body>
+void State::Put(Registry<Body>& bodies, Registry<Body>& fresh) {
+  const auto old = bodies.find(fresh.begin()->first);
+  if (old != bodies.end()) {
+    const auto kept = std::make_shared<typename Registry<Body>::node_type>();
+    if (!depth_.IsOutside()) replaced_.push_back(kept);
+    *kept = bodies.extract(old);
   }
+  bodies.insert(fresh.extract(fresh.begin()));
+}
+
+void State::DropReplaced() {
+  if (!replaced_.empty() && depth_.IsOutside()) replaced_.clear();
+}
+
+void State::AddBinary(std::initializer_list<BinaryRow> rows) {
   binary_dispatch_ = {};
+  for (const BinaryRow& row : rows) {
+    Registry<BinaryOperator> fresh;
+    fresh.emplace(row.right, row.body);
+    Put(binary_[row.op][row.left], fresh);
+  }
 }
 
 void State::AddUnary(UnaryRegistry& registry, std::initializer_list<UnaryRow> rows) {
   for (const UnaryRow& row : rows) {
-    UnaryOperator body = row.body;
-    registry[row.op][row.operand] = std::move(body);
+    Registry<UnaryOperator> fresh;
+    fresh.emplace(row.operand, row.body);
+    Put(registry[row.op], fresh);
   }
 }
 
@@ -77,9 +100,15 @@ void State::AddFunction(const s_str& name, const s_ctnr<s_str>& argument_types, 
     separator = ", ";
   }
   signature += ')';
-  const auto function = functions_.try_emplace(name).first;
-  function->second[signature] = std::move(body);
-  function_index_[function->first.GetView()] = &*function;
+  function_dispatch_ = {};
+  FunctionRegistry fresh;
+  Registry<Function>& overload = fresh[name];
+  overload.emplace(signature, std::move(body));
+  const auto known = functions_.find(name);
+  if (known != functions_.end()) return Put(known->second, overload);
+  const auto& function = *fresh.begin();
+  function_index_.emplace(function.first.GetView(), &function);
+  functions_.insert(fresh.extract(fresh.begin()));
 }
 
 }  // namespace Quarn

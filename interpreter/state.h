@@ -12,6 +12,7 @@
 #include <array>
 #include <initializer_list>
 #include <iosfwd>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -111,7 +112,8 @@ class State {
   // name may. Adds a message if not.
   static s_bool CheckName(std::string_view name, s_str& error);
 
-  // ---- Registration: an entry for the same key takes the place of an earlier one ----
+  // ---- Registration: an entry for the same key takes the place of an earlier one, even of one
+  // that is running, which is carried out to its end ----
 
   // The one way for types, operators and functions to get in; see registry.h about the rows.
   void AddType(const TypeRow& row);
@@ -150,7 +152,10 @@ class State {
   friend class Evaluation;
 
   static bool IsName(std::string_view text);
-  static void AddUnary(UnaryRegistry& registry, std::initializer_list<UnaryRow> rows);
+  void AddUnary(UnaryRegistry& registry, std::initializer_list<UnaryRow> rows);
+  template <class Body>
+  void Put(Registry<Body>& bodies, Registry<Body>& fresh);
+  void DropReplaced();
 
   // The kinds of leaf; each gives null with a message when it fails. REQUIRES: `value` is null.
   void EvaluateLeaf(const Piece& leaf, const s_str& name, s_str& error, bool allow_new_symbol,
@@ -177,6 +182,7 @@ class State {
   // Runs what nothing else is evaluated around, and reports it when the stack did not suffice.
   template <class Work>
   s_refptr<Symbol> RunOutermost(s_str& error, Work work) {
+    DropReplaced();
     const Depth::Level level(depth_);
     const s_uint reported = error.GetSize();
     s_refptr<Symbol> value = work();
@@ -236,6 +242,7 @@ class State {
     return literals_[static_cast<unsigned char>(leaf.GetText().front())];
   }
   std::array<LiteralStart, 256> literals_;
+  std::vector<std::shared_ptr<void>> replaced_;  // bodies that may be running
   Dispatch<BinaryImplementation> binary_dispatch_;
   FunctionDispatch function_dispatch_;
   Workspace workspace_;

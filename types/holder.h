@@ -92,7 +92,7 @@ TypeRow TypeOf(std::string_view starts = {}) {
     row.create_from = [](State&, const s_str& name, const s_str& text, s_str&) {
       return s_refptr<Symbol>(new Own(name, *Own::Read(text.GetView())));
     };
-    row.literal_starts = starts;
+    row.literal_starts = s_str(starts);
   }
   return row;
 }

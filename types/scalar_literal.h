@@ -12,6 +12,6 @@ namespace Quarn {
 bool IsNumberLiteral(std::string_view text);
 
 // What such a text begins with, but for the empty one.
-inline constexpr std::string_view kNumberStarts = "0123456789.e+- ";
+inline constexpr char kNumberStarts[] = "0123456789.e+- ";
 
 }  // namespace Quarn

@@ -229,5 +229,76 @@ TEST_F(MemoryTest, ARegistrationMayFailHalfWay) {
   }
 }
 
+// What is remembered of the earlier implementation must not outlive it.
+TEST_F(MemoryTest, AnOperatorThatCouldNotBeReplacedIsInUseAsItIsRegistered) {
+  const auto give = [](double number) -> BinaryOperator {
+    return [number](const s_refptr<Symbol>&, const s_refptr<Symbol>&, s_str&) {
+      return FromNumber(number);
+    };
+  };
+  for (long allocations = 0;; allocations += kStep) {
+    State fresh(out_, in_);
+    ASSERT_EQ(ToNumber(fresh.Compute("1+2+3-4").value), 2);
+    const bool runs_out = RunsOut(allocations, false, [&] {
+      fresh.AddBinary({
+          {"Scalar", "+", "Scalar", give(70)},
+          {"Scalar", "-", "Scalar", give(80)},
+          {"Symbol", "+", "Symbol", give(90)}
+      });
+    });
+    for (const char* op : {"+", "-"}) {
+      const auto& by_left = fresh.GetBinaryOperators().find(op)->second;
+      const BinaryOperator& registered = by_left.find("Scalar")->second.find("Scalar")->second;
+      s_str error;
+      EXPECT_EQ(ToNumber(fresh.Compute(std::string("1+2+3").replace(3, 1, op)).value),
+                ToNumber(registered(fresh.Compute("1+2").value, FromNumber(3), error)))
+          << op << allocations;
+    }
+    if (!runs_out) break;
+  }
+}
+
+TEST_F(MemoryTest, AFunctionThatCouldNotBeRegisteredIsUnknown) {
+  for (long allocations = 0;; allocations += kStep) {
+    const bool runs_out = RunsOut(allocations, false, [&] {
+      state_.AddFunction("afunctionwithalongname", {"Scalar"},
+                         [](State&, const Values&, Values& results, s_str&) -> s_bool {
+                           results.PushBack(FromNumber(7));
+                           return true;
+                         });
+    });
+    const Result result = state_.Compute("afunctionwithalongname(1)");
+    if (!runs_out) {
+      EXPECT_EQ(ToNumber(result.value), 7);
+      break;
+    }
+    EXPECT_EQ(result.error, "\tError : Undefined function 'afunctionwithalongname'");
+    EXPECT_EQ(state_.GetFunctions().count("afunctionwithalongname"), 0U);
+  }
+}
+
+// Either the earlier one with its literals, or the new one with its own.
+TEST_F(MemoryTest, ATypeThatCouldNotBeReplacedIsWhole) {
+  const TypeRow kSecond{"Digits",
+                        [](const s_str&) { return FromNumber(2); },
+                        [](const s_str& text) -> s_bool { return text == "#2"; },
+                        [](State&, const s_str&, const s_str&, s_str&) { return FromNumber(2); },
+                        nullptr,
+                        "#"};
+  const TypeRow kFirst{"Digits",
+                       [](const s_str&) { return FromNumber(1); },
+                       [](const s_str& text) -> s_bool { return text == "#1"; },
+                       [](State&, const s_str&, const s_str&, s_str&) { return FromNumber(1); },
+                       nullptr,
+                       "#"};
+  for (long allocations = 0;; allocations += kStep) {
+    state_.AddType(kFirst);
+    const bool runs_out = RunsOut(allocations, false, [&] { state_.AddType(kSecond); });
+    EXPECT_EQ(static_cast<bool>(state_.Compute("#1")), runs_out) << allocations;
+    EXPECT_EQ(static_cast<bool>(state_.Compute("#2")), !runs_out) << allocations;
+    if (!runs_out) break;
+  }
+}
+
 }  // namespace
 }  // namespace Quarn

@@ -37,7 +37,7 @@ TEST(Registry, ATypeNeedsNothingButANameAndACreator) {
   EXPECT_EQ(row.is_literal, nullptr);
   EXPECT_EQ(row.create_from, nullptr);
   EXPECT_EQ(row.build_in_place, nullptr);
-  EXPECT_EQ(row.literal_starts, "");
+  EXPECT_TRUE(row.literal_starts.IsEmpty());
 }
 
 }  // namespace
