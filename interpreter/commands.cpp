@@ -107,9 +107,7 @@ void State::Declare(std::string_view name, std::string_view type) {
 }
 
 void State::DeleteAll() {
-  Print(
-      "\tWarning : This command will erase all symbols.\n"
-      "\t          Are you sure ? ([y|Enter]/n) ");
+  Print(messages::EraseAllSymbols().GetView());
   Flush();
   std::string answer;
   // At the end of input the answer is empty, as if Enter had been pressed.
@@ -118,21 +116,20 @@ void State::DeleteAll() {
     const s_refptr<Symbol> nothing = NewReference(*this, Symbol::NoName(), "");
     symbols_.Clear();
     symbols_.SetLastResult(nothing);  // never absent, even if memory runs out from here on
-    PrintMessage("\tAll symbols erased");
+    PrintMessage(messages::AllSymbolsErased());
   }
   SetLastResult({});
 }
 
 void State::Delete(std::string_view name) {
-  s_str message = "\t";
   if (const s_refptr<Symbol>* symbol = symbols_.Find(name)) {
     const s_refptr<Symbol> erased = *symbol;
-    message.Append(erased->GetType().GetView()).Append(" '").Append(name).Append("' erased");
+    s_str message = messages::SymbolErased(erased->GetType().GetView(), name);
     symbols_.Erase(s_str(name));
+    PrintMessage(std::move(message));
   } else {
-    message.Append("'").Append(name).Append("' is undefined");
+    PrintMessage(messages::IsUndefined(name));
   }
-  PrintMessage(message);
   SetLastResult({});
 }
 

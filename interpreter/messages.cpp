@@ -1,5 +1,7 @@
 #include "interpreter/messages.h"
 
+#include "utils/s_str_convert.h"
+
 namespace Quarn {
 namespace {
 
@@ -107,6 +109,35 @@ s_str OnlyAlphanumericNames(std::string_view name) {
 }
 
 s_str UnknownType(std::string_view type) { return Join("\tError : Unknown type '", type, "'"); }
+
+s_str EraseAllSymbols() {
+  return "\tWarning : This command will erase all symbols.\n"
+         "\t          Are you sure ? ([y|Enter]/n) ";
+}
+
+s_str AllSymbolsErased() { return "\tAll symbols erased"; }
+
+s_str SymbolErased(std::string_view type, std::string_view name) {
+  return Join("\t", type, " '", name, "' erased");
+}
+
+s_str IsUndefined(std::string_view name) { return Join("\t'", name, "' is undefined"); }
+
+s_str NonHomogeneous(const s_str& first_type, const s_str& second_type) {
+  return Join("\tError : Non-homogeneous Vectors are not allowed.\n\t        Trying to mix ",
+              first_type, " with ", second_type);
+}
+
+s_str DifferentLengths(std::string_view verb, s_uint left, s_uint right) {
+  return Join("\tError : Cannot ", verb, " two Vectors of different length (", ToText(left),
+              " and ", ToText(right), ")");
+}
+
+s_str OnlyFor3Vectors() {
+  return "\tError : The cross product '^' is only available for 3-Vectors";
+}
+
+s_str CannotIndexEmpty() { return "\tError : Cannot index an empty Vector"; }
 
 }  // namespace messages
 }  // namespace Quarn

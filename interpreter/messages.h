@@ -1,6 +1,7 @@
-// Every text that the interpreter reports, one function each, and the rule by which they are
-// collected. Errors in what a user types are never exceptions: an operation that fails returns an
-// empty value and adds its message to the caller's error text.
+// Every text that the interpreter and the types report, one function each, and the rule by which
+// they are collected; values are shown by command lines, and the help stands in help.cpp. Errors in
+// what a user types are never exceptions: an operation that fails returns an empty value and adds
+// its message to the caller's error text.
 #pragma once
 
 #include <string_view>
@@ -43,6 +44,18 @@ s_str NoLeftUnaryMatch(std::string_view op, const s_str& type, const s_str& oper
 s_str LastResultNotAssignable();
 s_str OnlyAlphanumericNames(std::string_view name);
 s_str UnknownType(std::string_view type);
+
+// What command lines answer to deletions; the first is a question.
+s_str EraseAllSymbols();
+s_str AllSymbolsErased();
+s_str SymbolErased(std::string_view type, std::string_view name);
+s_str IsUndefined(std::string_view name);
+
+// Vectors; `verb` says what cannot be done with two of different lengths.
+s_str NonHomogeneous(const s_str& first_type, const s_str& second_type);
+s_str DifferentLengths(std::string_view verb, s_uint left, s_uint right);
+s_str OnlyFor3Vectors();
+s_str CannotIndexEmpty();
 
 }  // namespace messages
 }  // namespace Quarn

@@ -5,7 +5,6 @@
 #include "interpreter/messages.h"
 #include "interpreter/state.h"
 #include "types/vector.h"
-#include "types/vector_math.h"
 
 namespace Quarn {
 namespace {
@@ -51,7 +50,7 @@ class LiteralElements {
 
   bool IsSame(const s_str& type) {
     if (type == type_) return true;
-    AddError(error_, NonHomogeneous(type_, type));
+    AddError(error_, messages::NonHomogeneous(type_, type));
     return false;
   }
 

@@ -8,7 +8,6 @@
 #include "interpreter/state.h"
 #include "types/lift.h"
 #include "types/vector.h"
-#include "utils/s_str_convert.h"
 
 namespace Quarn {
 namespace {
@@ -35,7 +34,7 @@ s_refptr<Symbol> MapElements(State& state, const Values& elements, F f) {
 s_refptr<Symbol> CombineElements(State& state, std::string_view op, std::string_view verb,
                                  const Values& left, const Values& right, s_str& error) {
   if (left.GetSize() != right.GetSize()) {
-    AddError(error, DifferentLengths(verb, left.GetSize(), right.GetSize()));
+    AddError(error, messages::DifferentLengths(verb, left.GetSize(), right.GetSize()));
     return {};
   }
   auto other = right.begin();
@@ -110,7 +109,7 @@ s_refptr<Symbol> CrossProduct(State& state, const s_refptr<Symbol>& left,
   const Values& b = ElementsOf(right);
   constexpr unsigned int kLength = 3;
   if (a.GetSize() != s_uint(kLength) || b.GetSize() != s_uint(kLength)) {
-    AddError(error, OnlyFor3Vectors());
+    AddError(error, messages::OnlyFor3Vectors());
     return {};
   }
   const Depth::Level level(state.GetDepth());
@@ -130,7 +129,7 @@ s_refptr<Symbol> SelectElement(State& state, const s_refptr<Symbol>& vector,
                                const s_refptr<Symbol>& index, s_str& error) {
   const Values& elements = ElementsOf(vector);
   if (elements.IsEmpty()) {
-    AddError(error, CannotIndexEmpty());
+    AddError(error, messages::CannotIndexEmpty());
     return {};
   }
   const double number = NumberOf(*index);
@@ -139,21 +138,5 @@ s_refptr<Symbol> SelectElement(State& state, const s_refptr<Symbol>& vector,
   element->SetName(Symbol::NoName());
   return element;
 }
-
-s_str NonHomogeneous(const s_str& first_type, const s_str& second_type) {
-  return "\tError : Non-homogeneous Vectors are not allowed.\n\t        Trying to mix " +
-         first_type + " with " + second_type;
-}
-
-s_str DifferentLengths(std::string_view verb, s_uint left, s_uint right) {
-  return "\tError : Cannot " + s_str(verb) + " two Vectors of different length (" + ToText(left) +
-         " and " + ToText(right) + ")";
-}
-
-s_str OnlyFor3Vectors() {
-  return "\tError : The cross product '^' is only available for 3-Vectors";
-}
-
-s_str CannotIndexEmpty() { return "\tError : Cannot index an empty Vector"; }
 
 }  // namespace Quarn

@@ -32,10 +32,4 @@ s_refptr<Symbol> CrossProduct(State&, const s_refptr<Symbol>& left, const s_refp
 s_refptr<Symbol> SelectElement(State&, const s_refptr<Symbol>& vector,
                                const s_refptr<Symbol>& index, s_str& error);
 
-// What is reported of vectors.
-s_str NonHomogeneous(const s_str& first_type, const s_str& second_type);
-s_str DifferentLengths(std::string_view verb, s_uint left, s_uint right);
-s_str OnlyFor3Vectors();
-s_str CannotIndexEmpty();
-
 }  // namespace Quarn

@@ -40,6 +40,20 @@ TEST(Messages, SayWhatTheyAreGiven) {
   EXPECT_EQ(OnlyAlphanumericNames("a b").Get(),
             "\tError : Only alphanumeric names are allowed for symbols, in 'a b'");
   EXPECT_EQ(UnknownType("Foo").Get(), "\tError : Unknown type 'Foo'");
+  EXPECT_EQ(EraseAllSymbols().Get(),
+            "\tWarning : This command will erase all symbols.\n"
+            "\t          Are you sure ? ([y|Enter]/n) ");
+  EXPECT_EQ(AllSymbolsErased().Get(), "\tAll symbols erased");
+  EXPECT_EQ(SymbolErased("A", "a").Get(), "\tA 'a' erased");
+  EXPECT_EQ(IsUndefined("a").Get(), "\t'a' is undefined");
+  EXPECT_EQ(NonHomogeneous("A", "B").Get(),
+            "\tError : Non-homogeneous Vectors are not allowed.\n"
+            "\t        Trying to mix A with B");
+  EXPECT_EQ(DifferentLengths("add", 2U, 3U).Get(),
+            "\tError : Cannot add two Vectors of different length (2 and 3)");
+  EXPECT_EQ(OnlyFor3Vectors().Get(),
+            "\tError : The cross product '^' is only available for 3-Vectors");
+  EXPECT_EQ(CannotIndexEmpty().Get(), "\tError : Cannot index an empty Vector");
   EXPECT_EQ(NoBinaryMatch("+", "A", "B", "a", "b").Get(),
             "\tError : No match for operator 'A + B' in :\n\t        \ta + b");
   EXPECT_EQ(NoRightUnaryMatch("-", "A", "a").Get(),
