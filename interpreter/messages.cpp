@@ -110,6 +110,14 @@ s_str OnlyAlphanumericNames(std::string_view name) {
 
 s_str UnknownType(std::string_view type) { return Join("\tError : Unknown type '", type, "'"); }
 
+s_str NameOutOfReach(std::string_view name) {
+  return Join("\tError : No expression can ask for a symbol named '", name, "'");
+}
+
+s_str NoValueToSet(std::string_view name) {
+  return Join("\tError : No value to give to symbol '", name, "'");
+}
+
 s_str EraseAllSymbols() {
   return "\tWarning : This command will erase all symbols.\n"
          "\t          Are you sure ? ([y|Enter]/n) ";

@@ -45,6 +45,10 @@ s_str LastResultNotAssignable();
 s_str OnlyAlphanumericNames(std::string_view name);
 s_str UnknownType(std::string_view type);
 
+// What a host program asks for.
+s_str NameOutOfReach(std::string_view name);
+s_str NoValueToSet(std::string_view name);
+
 // What command lines answer to deletions; the first is a question.
 s_str EraseAllSymbols();
 s_str AllSymbolsErased();

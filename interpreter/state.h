@@ -63,7 +63,8 @@ class State {
   // Clone it to change it.
   s_refptr<Symbol> GetSymbol(std::string_view name) const;
   // Gives a name a copy of the value, in place of any that it had, and returns that copy. Fails for
-  // a name that no symbol may bear. Leaves the last result.  REQUIRES: the value is not null.
+  // a name that no symbol may bear or that no expression can ask for, and for null. Leaves the last
+  // result.
   Result SetSymbol(std::string_view name, const s_refptr<Symbol>& value);
   // False when no symbol bears the name. The last result is always there and cannot be erased.
   bool EraseSymbol(std::string_view name);
@@ -152,6 +153,7 @@ class State {
   friend class Evaluation;
 
   static bool IsName(std::string_view text);
+  bool IsWithinReach(std::string_view name) const;
   void AddUnary(UnaryRegistry& registry, std::initializer_list<UnaryRow> rows);
   template <class Body>
   void Put(Registry<Body>& bodies, Registry<Body>& fresh);

@@ -1,5 +1,6 @@
 #include "types/reference.h"
 
+#include "interpreter/messages.h"
 #include "interpreter/state.h"
 #include "utils/trim.h"
 
@@ -36,6 +37,20 @@ s_refptr<Symbol> Reference::EvaluateThrough() const {
   if (!value) return NewNull();
   const Reference* next = value->AsReference();
   return next && !next->IsNullReference() ? next->EvaluateThrough() : value;
+}
+
+s_refptr<Symbol> Reference::EvaluateThrough(s_str& error) const {
+  if (IsNullReference()) {
+    AddError(error, messages::EmptySymbol());
+    return {};
+  }
+  const Depth::Level level(state_->GetDepth(), expression_.GetView().size());
+  s_refptr<Symbol> value = state_->EvaluateText(expression_.GetView(), NoName(), error);
+  const Reference* next = value ? value->AsReference() : nullptr;
+  if (next) value = next->EvaluateThrough(error);
+  if (level.IsGranted()) return value;
+  error = messages::NestedTooDeeply();
+  return {};
 }
 
 s_str Reference::ToString() const {

@@ -30,6 +30,8 @@ class Reference final : public Symbol {
   s_refptr<Symbol> Evaluate() const;
   // What stands for the reference as an operand; see Resolve in interpreter/builtins.h.
   s_refptr<Symbol> EvaluateThrough() const;
+  // The value that is no reference any more; null, with a message added, where the way ends.
+  s_refptr<Symbol> EvaluateThrough(s_str& error) const;
 
   s_str ToString() const override;
   // The type of the value; "Reference" when there is none.

@@ -1,7 +1,9 @@
 #include "types/value.h"
 
 #include "interpreter/builtins.h"
+#include "types/element_types.h"
 #include "types/lift.h"
+#include "types/reference.h"
 #include "types/vector.h"
 
 namespace Quarn {
@@ -13,6 +15,14 @@ s_refptr<Symbol> ResolveAs(const char* type, const s_refptr<Symbol>& value) {
   if (!value) return {};
   s_refptr<Symbol> resolved = Resolve(value);
   return resolved && resolved->GetFixedType().Get() == type ? resolved : s_refptr<Symbol>();
+}
+
+// The value itself, or a copy that has no name.
+s_refptr<Symbol> WithoutName(const s_refptr<Symbol>& value) {
+  if (value->GetName().IsEmpty()) return value;
+  s_refptr<Symbol> unnamed = value->Clone();
+  unnamed->SetName(Symbol::NoName());
+  return unnamed;
 }
 
 }  // namespace
@@ -43,25 +53,33 @@ std::optional<std::vector<double>> ToNumbers(const s_refptr<Symbol>& value) {
 }
 
 std::string ToText(const s_refptr<Symbol>& value) {
-  if (!value) return {};
-  const s_refptr<Symbol> unnamed = value->Clone();
-  unnamed->SetName(Symbol::NoName());
-  return unnamed->ToString().Take();
+  return value ? WithoutName(value)->ToString().Take() : std::string();
 }
 
 std::string GetTypeName(const s_refptr<Symbol>& value) {
   return value ? value->GetType().Take() : std::string();
 }
 
+Result EvaluateReference(const s_refptr<Symbol>& value) {
+  const Reference* reference = value ? value->AsReference() : nullptr;
+  if (!reference) return {value, {}};
+  s_str error;
+  s_refptr<Symbol> result = reference->EvaluateThrough(error);
+  return {std::move(result), error.Take()};
+}
+
 s_refptr<Symbol> FromNumber(double number) { return NewNumber(number); }
 
 s_refptr<Symbol> FromElements(const std::vector<s_refptr<Symbol>>& elements) {
-  const s_refptr<Values> shared(new Values);
+  const s_refptr<Values> unnamed(new Values);
+  ElementTypes types;
+  s_str unheard;
   for (const s_refptr<Symbol>& element : elements) {
-    if (!element || element->GetFullType() != elements.front()->GetFullType()) return {};
-    shared->PushBack(element);
+    if (!element || !types.Accept(*element, unheard)) return {};
+    unnamed->PushBack(WithoutName(element));
   }
-  return s_refptr<Symbol>(new Vector(Symbol::NoName(), shared));
+  if (!types.AcceptReferences(*unnamed, unheard)) return {};
+  return s_refptr<Symbol>(new Vector(Symbol::NoName(), unnamed));
 }
 
 s_refptr<Symbol> FromNumbers(const std::vector<double>& numbers) {

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "interpreter/embedding.h"
 #include "interpreter/symbol.h"
 
 namespace Quarn {
@@ -32,8 +33,13 @@ std::string GetTypeName(const s_refptr<Symbol>& value);
 // A new unnamed Scalar.
 s_refptr<Symbol> FromNumber(double number);
 
-// A new unnamed Vector that shares the elements; null when they are not all of one type, or when
-// one is null.
+// What a reference comes to, followed through further references; without a value, why its
+// expression failed. Any other value is its own result.
+Result EvaluateReference(const s_refptr<Symbol>& value);
+
+// A new unnamed Vector that shares the elements, or has copies without a name; null when one is
+// null, and when a literal of these elements would be refused: they must be of one type, and not
+// all be references.
 s_refptr<Symbol> FromElements(const std::vector<s_refptr<Symbol>>& elements);
 
 // A new unnamed Vector of Scalars.

@@ -1,16 +1,15 @@
 // Vectors from literals.
 #include <memory>
 
-#include "interpreter/builtins.h"
 #include "interpreter/messages.h"
 #include "interpreter/state.h"
+#include "types/element_types.h"
 #include "types/vector.h"
 
 namespace Quarn {
 namespace {
 
-// The elements of a literal, evaluated one after the other and held to one type. An element that is
-// a reference has none until all are known.
+// The elements of a literal, evaluated one after the other and held to one type.
 class LiteralElements {
  public:
   LiteralElements(State& state, const Piece& inside, s_str& error)
@@ -21,37 +20,14 @@ class LiteralElements {
     while (parts_.Next(part_)) {
       if (!Add(state_.Evaluate(part_, Symbol::NoName(), error_))) return {};
     }
-    if (!AcceptReferences()) return {};
-    return elements_;
+    return types_.AcceptReferences(*elements_, error_) ? elements_ : s_refptr<Values>();
   }
 
  private:
-  static bool IsReferenceType(const s_str& type) { return type.GetView() == kReferenceType; }
-
   [[gnu::noinline]] bool Add(s_refptr<Symbol> element) {
     if (!element) return false;
-    const s_str type = element->GetFullType();
-    elements_->PushBack(std::move(element));
-    if (IsReferenceType(type)) return has_references_ = true;
-    if (type_.IsEmpty()) type_ = type;
-    return IsSame(type);
-  }
-
-  // Kept on purpose: when all elements are references there is no type to agree with, and the first
-  // of them fails.
-  [[gnu::noinline]] bool AcceptReferences() {
-    if (!has_references_) return true;
-    for (const s_refptr<Symbol>& element : *elements_) {
-      if (!IsReferenceType(element->GetFullType())) continue;
-      if (!IsSame(element->GetType())) return false;
-    }
-    return true;
-  }
-
-  bool IsSame(const s_str& type) {
-    if (type == type_) return true;
-    AddError(error_, messages::NonHomogeneous(type_, type));
-    return false;
+    elements_->PushBack(element);
+    return types_.Accept(*element, error_);
   }
 
   State& state_;
@@ -59,8 +35,7 @@ class LiteralElements {
   Piece part_;
   s_str& error_;
   s_refptr<Values> elements_;
-  s_str type_;
-  bool has_references_ = false;
+  ElementTypes types_;
 };
 
 [[gnu::noinline]] s_refptr<Symbol> NewVector(const s_str& name, s_refptr<Values> elements) {

@@ -117,6 +117,32 @@ TEST_F(EmbeddingTest, ASymbolWithABadNameIsNotSet) {
   EXPECT_EQ(state_.GetSymbols().GetSize().Get(), 1U);
 }
 
+TEST_F(EmbeddingTest, ASymbolIsNotSetToNothing) {
+  EXPECT_EQ(state_.SetSymbol("x", {}).error, "\tError : No value to give to symbol 'x'");
+  EXPECT_EQ(state_.SetSymbol("a b", {}).error,
+            "\tError : Only alphanumeric names are allowed for symbols, in 'a b'");
+  ASSERT_TRUE(state_.SetSymbol("x", FromNumber(1)));
+  EXPECT_FALSE(state_.SetSymbol("x", state_.Compute("zz").value));
+  EXPECT_EQ(ToNumber(state_.GetSymbol("x")), 1);
+  EXPECT_EQ(state_.GetSymbols().GetSize().Get(), 2U);
+}
+
+TEST_F(EmbeddingTest, ASymbolIsNotGivenANameThatNoExpressionCanAskFor) {
+  for (const char* name : {"", "7", "007", "e5", "12e3"}) {
+    EXPECT_EQ(state_.SetSymbol(name, FromNumber(1)).error,
+              std::string("\tError : No expression can ask for a symbol named '") + name + "'");
+  }
+  for (const char* name : {"e", "E5", "7x", "x7", "e5e", "nan", "inf"}) {
+    EXPECT_TRUE(state_.SetSymbol(name, FromNumber(5))) << name;
+    EXPECT_EQ(ToNumber(state_.Compute(std::string(name) + "+1").value), 6) << name;
+  }
+  // A type from outside has literals of its own.
+  state_.AddType({"Name", [](const s_str& name) { return s_refptr<Symbol>(new Symbol(name)); },
+                  [](const s_str& text) -> s_bool { return text == "E5"; },
+                  [](State&, const s_str&, const s_str&, s_str&) { return FromNumber(0); }});
+  EXPECT_FALSE(state_.SetSymbol("E5", FromNumber(1)));
+}
+
 TEST_F(EmbeddingTest, TheLastResultIsReadButNotErased) {
   EXPECT_TRUE(state_.GetSymbol("_"));
   EXPECT_FALSE(state_.EraseSymbol("_"));

@@ -90,6 +90,77 @@ TEST(Value, ElementsOfDifferentTypesMakeNoVector) {
   EXPECT_FALSE(FromElements({FromNumber(1), {}}));
 }
 
+TEST_F(ValueTest, ElementsLoseTheirNames) {
+  session_.Type("x=1;y=2;v=<3>;r&=x");
+  State& state = session_.GetState();
+  const s_refptr<Symbol> unnamed = FromNumber(7);
+  const s_refptr<Symbol> vector =
+      FromElements({state.GetSymbol("x"), state.GetSymbol("y"), unnamed});
+  EXPECT_EQ(ToText(vector), "<1, 2, 7>");
+  EXPECT_EQ(unnamed.GetCount(), 2U) << "one without a name is shared";
+  EXPECT_EQ(ToText(FromElements({state.GetSymbol("v")})), "<<3>>");
+  state.SetSymbol("w", vector);
+  EXPECT_EQ(session_.Type("?w"), "\tVector : w = <1, 2, 7>\n");
+  EXPECT_EQ(session_.Type("?x"), "\tScalar : x = 1\n");
+  EXPECT_EQ(session_.Type("w[0];w+w"), "\tScalar : 1\n\tVector : <2, 4, 14>\n");
+}
+
+TEST_F(ValueTest, ReferencesAreElementsAsInALiteral) {
+  session_.Type("x=1;v=<1, 2>;r&=x;w&=v;lost&=zz");
+  State& state = session_.GetState();
+  const auto get = [&](const char* name) { return state.GetSymbol(name); };
+  EXPECT_EQ(ToText(FromElements({FromNumber(5), get("r")})), "<5, 1>");
+  EXPECT_EQ(ToText(FromElements({get("r"), FromNumber(5), get("r")})), "<1, 5, 1>");
+  state.SetSymbol("late", FromElements({FromNumber(5), get("r")}));
+  EXPECT_EQ(session_.TypeLast("x=3\nlate"), "\tVector : <5, 3>\n");
+  EXPECT_FALSE(FromElements({get("r")}));
+  EXPECT_FALSE(FromElements({get("r"), get("r")}));
+  EXPECT_FALSE(FromElements({FromNumber(5), get("w")}));
+  EXPECT_FALSE(FromElements({FromNumber(5), get("lost")}));
+  EXPECT_FALSE(FromElements({FromNumbers({1, 2}), get("w")}));
+}
+
+TEST_F(ValueTest, AReferenceSaysWhyItComesToNothing) {
+  session_.Type("x=1;r&=x+1;s&=r;lost&=zz+1;through&=lost;n:Reference;a;sum&=<1>+a;self&=self");
+  session_.Type("ring&=ring+1;first&=second;second&=first;empty&= ;null&=n");
+  const char kTooDeep[] = "\tError : Expression is nested too deeply";
+  const struct {
+    const char* expression;
+    const char* text;
+    const char* error;
+  } kRows[] = {
+      {"r",       "2",      ""                               },
+      {"s",       "2",      ""                               },
+      {"x",       "1",      ""                               },
+      {"<1, r>",  "<1, 2>", ""                               },
+      {"lost",    "",       "\tError : Unknown symbol 'zz'"  },
+      {"through", "",       "\tError : Unknown symbol 'zz'"  },
+      {"&min(1)", "",
+       "\tError : No matching function call to :\n\t\t  min(Scalar)\n"
+       "\t\tPossible candidates :\n\t\t  min(Scalar, Scalar)"},
+      {"sum",     "",
+       "\tError : No match for operator 'Vector + Symbol' in :\n"
+       "\t        \t<1> + a"                                 },
+      {"n",       "",       "\tError : Empty symbol"         },
+      {"null",    "",       "\tError : Empty symbol"         },
+      {"empty",   "",       "\tError : Empty symbol"         },
+      {"ring",    "",       kTooDeep                         },
+      {"self",    "",       kTooDeep                         },
+      {"first",   "",       kTooDeep                         },
+  };
+  for (const auto& row : kRows) {
+    const Result computed = session_.GetState().Compute(row.expression);
+    ASSERT_TRUE(computed) << row.expression;
+    const Result result = EvaluateReference(computed.value);
+    EXPECT_EQ(static_cast<bool>(result), *row.error == 0) << row.expression;
+    EXPECT_EQ(ToText(result.value), row.text) << row.expression;
+    EXPECT_EQ(result.error, row.error) << row.expression;
+  }
+  const Result nothing = EvaluateReference({});
+  EXPECT_FALSE(nothing);
+  EXPECT_EQ(nothing.error, "");
+}
+
 TEST(Value, ATypeFromOutsideThatBorrowsANameIsNotTakenForAScalar) {
   std::string log;
   EXPECT_FALSE(ToNumber(s_refptr<Symbol>(new Probe(log, "p", "Scalar"))));
