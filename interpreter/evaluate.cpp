@@ -89,9 +89,9 @@ class Evaluation {
   // operand was, which saves moving it back and forth along a chain.
   enum class Current : std::uint8_t { kNone, kRead, kFolded };
   Current current_ = Current::kNone;
-  s_refptr<Symbol> left_;   // of an operator that is being applied in its own way
-  s_refptr<Symbol> value_;  // what was read
-  s_refptr<Symbol> spare_;  // an operand that was used up
+  s_refptr<Symbol> left_;          // of an operator that is being applied in its own way
+  s_refptr<Symbol> value_;         // what was read
+  s_refptr<Symbol> spare_;         // an operand that was used up
   std::uint32_t level_begin_ = 0;  // the level: what the innermost parenthesis holds, or all
   std::uint32_t level_end_ = 0;
   bool outermost_ = true;  // has no parenthesis been opened but around the whole?
@@ -275,8 +275,9 @@ s_refptr<Symbol> State::ReportDepth(s_str& error, s_uint reported) {
 }
 
 s_refptr<Symbol> State::EvaluateSilently(std::string_view text) {
-  workspace_.unheard.Clear();
-  return EvaluateText(text, Symbol::NoName(), workspace_.unheard);
+  // Of its own, since what is evaluated may evaluate silently in its turn.
+  s_str unheard;
+  return EvaluateText(text, Symbol::NoName(), unheard);
 }
 
 s_refptr<Symbol> State::ParseSymbol(const s_str& name, s_str expression, s_str& error,

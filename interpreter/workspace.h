@@ -39,7 +39,6 @@ struct Workspace {
   std::vector<s_refptr<Symbol>> values;
   std::vector<std::unique_ptr<CallLists>> call_lists;  // of the calls in progress, then spare ones
   std::size_t calls = 0;                               // in progress
-  s_str unheard;  // the errors of evaluations that fail silently
 };
 
 // Lends lists for the arguments and results of one call; they go back empty.

@@ -136,5 +136,26 @@ TEST_F(SilentFailureTest, DoesNotHideAnErrorThatWasThereBefore) {
   EXPECT_EQ(error.Get(), "\tError : Another");
 }
 
+// A function that notes an error of its own, looks at a reference that fails, and then reads what
+// it noted: nobody else writes into that text.
+TEST_F(FailureTest, EvaluationsInsideOneThatNobodyHearsHaveErrorsOfTheirOwn) {
+  const s_refptr<Symbol> lost = session_.Parse("&zz");
+  std::string noted;
+  state_.AddFunction("notes", {""}, [&](State&, const Values&, Values&, s_str& error) -> s_bool {
+    error = "\tError : Noted";
+    EXPECT_EQ(GetTypeName(lost), "Reference");
+    EXPECT_EQ(ToText(lost), "zz");
+    noted = error.Get();
+    return false;
+  });
+  const s_refptr<Symbol> reference = session_.Parse("&notes()");
+  EXPECT_EQ(GetTypeName(reference), "Reference");
+  EXPECT_EQ(noted, "\tError : Noted");
+  noted.clear();
+  EXPECT_EQ(session_.Evaluate("1+(&notes())"), "Reference : (1)+(notes())");
+  EXPECT_EQ(noted, "\tError : Noted");
+  EXPECT_EQ(EvaluateReference(reference).error, "\tError : Noted");
+}
+
 }  // namespace
 }  // namespace Quarn
