@@ -43,6 +43,28 @@ std::uint32_t FindListEnd(const Piece& leaf, std::uint32_t open) {
   return true;
 }
 
+// Whose literal a text is: of one type, of several, or of none.
+struct LiteralTypes {
+  const TypeRow* one = nullptr;
+  bool several = false;
+};
+
+// Adds a message for several. The text that the tests look at must not be held by every level.
+[[gnu::noinline]] LiteralTypes FindLiteralTypes(const std::vector<const TypeRow*>& types,
+                                                std::string_view leaf, s_str& error) {
+  const s_str text(leaf);
+  std::vector<const TypeRow*> found;
+  for (const TypeRow* type : types) {
+    if (type->is_literal(text)) found.push_back(type);
+  }
+  if (found.empty()) return {};
+  if (found.size() == 1) return {found.front()};
+  s_ctnr<s_str> names;
+  for (const TypeRow* type : found) names.PushBack(type->name);
+  AddError(error, messages::AmbiguousConstructor(leaf, names));
+  return {nullptr, true};
+}
+
 // The types of arguments that stand for themselves. False when there are too many, or one may stand
 // for another value.
 bool FindFixedTypes(const Values& arguments,
@@ -59,14 +81,15 @@ bool FindFixedTypes(const Values& arguments,
 }  // namespace
 
 void State::EvaluateOtherLeaf(const Piece& leaf, const s_str& name, s_str& error,
-                              bool allow_new_symbol, s_refptr<Symbol>& value) {
+                              bool allow_new_symbol, s_refptr<Symbol>& spare,
+                              s_refptr<Symbol>& value) {
   const std::string_view text = leaf.GetText();
   const LiteralStart& start = GetLiteralStart(leaf);
   // The one operator that scanning never meets, since its "[" opens a bracket.
   if (text == kPriorities[kIndexing].text) {
     value = Fail(error, messages::MissingOperands, text);
   } else if (start.only || start.types.empty() ||
-             !BuildOneOf(start.types, leaf, name, error, value)) {
+             !BuildOneOf(start.types, leaf, name, error, spare, value)) {
     value = EvaluateNoLiteral(leaf, name, error, allow_new_symbol);
   }
 }
@@ -98,23 +121,14 @@ s_refptr<Symbol> State::EvaluateNoLiteral(const Piece& leaf, const s_str& name, 
 }
 
 // False when the leaf is no literal.
-[[gnu::noinline]] bool State::BuildOneOf(const std::vector<const TypeRow*>& types,
-                                         const Piece& leaf, const s_str& name, s_str& error,
-                                         s_refptr<Symbol>& value) {
-  const s_str text(leaf.GetText());
-  s_ctnr<s_str> names;
-  const TypeRow* type = nullptr;
-  for (const TypeRow* row : types) {
-    if (!row->is_literal(text)) continue;
-    type = row;
-    names.PushBack(row->name);
-  }
-  if (!type) return false;
-  if (names.GetSize() > s_uint(1U)) {
-    AddError(error, messages::AmbiguousConstructor(text.GetView(), names));
-  } else {
-    value = type->create_from(*this, name, text, error);
-  }
+bool State::BuildOneOf(const std::vector<const TypeRow*>& types, const Piece& leaf,
+                       const s_str& name, s_str& error, s_refptr<Symbol>& spare,
+                       s_refptr<Symbol>& value) {
+  const LiteralTypes found = FindLiteralTypes(types, leaf.GetText(), error);
+  if (!found.one) return found.several;
+  const LiteralInPlace build = found.one->build_in_place;
+  if (build) return build(*this, name, leaf, error, spare, value);
+  value = found.one->create_from(*this, name, s_str(leaf.GetText()), error);
   return true;
 }
 

@@ -164,12 +164,12 @@ class State {
                     s_refptr<Symbol>& spare, s_refptr<Symbol>& value) {
     const LiteralInPlace build = GetLiteralStart(leaf).only;
     if (build && build(*this, name, leaf, error, spare, value)) return;
-    EvaluateOtherLeaf(leaf, name, error, allow_new_symbol, value);
+    EvaluateOtherLeaf(leaf, name, error, allow_new_symbol, spare, value);
   }
   void EvaluateOtherLeaf(const Piece& leaf, const s_str& name, s_str& error, bool allow_new_symbol,
-                         s_refptr<Symbol>& value);
+                         s_refptr<Symbol>& spare, s_refptr<Symbol>& value);
   bool BuildOneOf(const std::vector<const TypeRow*>& types, const Piece& leaf, const s_str& name,
-                  s_str& error, s_refptr<Symbol>& value);
+                  s_str& error, s_refptr<Symbol>& spare, s_refptr<Symbol>& value);
   s_refptr<Symbol> EvaluateNoLiteral(const Piece& leaf, const s_str& name, s_str& error,
                                      bool allow_new_symbol);
   s_refptr<Symbol> CopySymbol(const Symbol& symbol, const s_str& name, s_str& error);
