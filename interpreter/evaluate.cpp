@@ -263,6 +263,10 @@ s_refptr<Symbol> State::EvaluateText(std::string_view text, const s_str& name, s
   if (depth_.IsOutside()) {
     return RunOutermost(error, [&] { return EvaluateText(text, name, error, allow_new_symbol); });
   }
+  if (text.size() > Source::kLongest) {
+    AddError(error, messages::TooLong());
+    return {};
+  }
   const Source source(text, workspace_.brackets);
   return Evaluate(Piece(source), name, error, allow_new_symbol);
 }

@@ -82,6 +82,8 @@ s_str IndexOnNothing() { return "\tError : Illegal use of '[.]' on empty object"
 
 s_str NestedTooDeeply() { return "\tError : Expression is nested too deeply"; }
 
+s_str TooLong() { return "\tError : Expression is too long"; }
+
 s_str SymbolAssignedToSymbol() { return "\tWarning : 'Symbol=Symbol' does nothing"; }
 
 s_str NoBinaryMatch(std::string_view op, const s_str& left_type, const s_str& right_type,

@@ -32,6 +32,7 @@ s_str NotOneReturnValue();
 s_str EmptyIndex();
 s_str IndexOnNothing();
 s_str NestedTooDeeply();
+s_str TooLong();
 s_str SymbolAssignedToSymbol();  // a warning
 
 // Operators without an implementation for their operands: the types, then the operands' texts.

@@ -35,8 +35,11 @@ using BracketRoom = std::vector<Bracket>;
 // A text and the index of its brackets.
 class Source {
  public:
-  // The text must outlive the source, and sources that share a room must go in reverse order of
-  // their coming.
+  // Positions have 32 bits.
+  static constexpr std::size_t kLongest = 0xFFFFFFFF;
+
+  // REQUIRES: at most kLongest bytes. The text must outlive the source, and sources that share a
+  // room must go in reverse order of their coming.
   Source(std::string_view text, BracketRoom& room) : Source(room, text) { Match(); }
   ~Source() { room_.resize(base_); }
   Source(const Source&) = delete;

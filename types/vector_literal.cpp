@@ -46,6 +46,10 @@ class LiteralElements {
 
 s_refptr<Symbol> Vector::CreateFrom(State& state, const s_str& name, const s_str& text,
                                     s_str& error) {
+  if (text.GetView().size() > Source::kLongest) {
+    AddError(error, messages::TooLong());
+    return {};
+  }
   BracketRoom room;
   const Source source(text.GetView(), room);
   return CreateFromPiece(state, name, Piece(source), error);

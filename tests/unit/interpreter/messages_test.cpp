@@ -34,6 +34,7 @@ TEST(Messages, SayWhatTheyAreGiven) {
   EXPECT_EQ(EmptyIndex().Get(), "\tError : Illegal use of '[.]' with empty argument");
   EXPECT_EQ(IndexOnNothing().Get(), "\tError : Illegal use of '[.]' on empty object");
   EXPECT_EQ(NestedTooDeeply().Get(), "\tError : Expression is nested too deeply");
+  EXPECT_EQ(TooLong().Get(), "\tError : Expression is too long");
   EXPECT_EQ(SymbolAssignedToSymbol().Get(), "\tWarning : 'Symbol=Symbol' does nothing");
   EXPECT_EQ(LastResultNotAssignable().Get(),
             "\tError : Reference to last result '_' is not assignable");

@@ -1,6 +1,7 @@
 // Tests of expressions that are very long or very deep: they have their value, or one error says
 // why not, and soon.
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 
 #include <chrono>
 #include <string>
@@ -20,6 +21,41 @@ std::string Nest(const char* open, const std::string& inside, const char* close,
     behind += close;
   }
   return before + inside + behind;
+}
+
+// A text of so many bytes that nobody may read.
+class Unreadable {
+ public:
+  explicit Unreadable(std::size_t size)
+      : size_(size),
+        memory_(
+            mmap(nullptr, size, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0)) {}
+  ~Unreadable() {
+    if (IsThere()) munmap(memory_, size_);
+  }
+  Unreadable(const Unreadable&) = delete;
+  Unreadable& operator=(const Unreadable&) = delete;
+
+  bool IsThere() const { return memory_ != MAP_FAILED; }
+  std::string_view Get() const { return {static_cast<const char*>(memory_), size_}; }
+
+ private:
+  std::size_t size_;
+  void* memory_;
+};
+
+// Positions in a text have 32 bits; it was cut to its size modulo 2^32, which may be a good text.
+TEST(Limits, ATextOfFourGibibytesOrMoreIsTooLong) {
+  Session session;
+  for (std::size_t more : {0, 1, 3}) {
+    const Unreadable text((std::size_t{1} << 32) + more);
+    if (!text.IsThere()) GTEST_SKIP() << "no room for such a text";
+    s_str error = "\tError : Another";
+    EXPECT_FALSE(session.GetState().EvaluateText(text.Get(), "x", error, true));
+    EXPECT_EQ(error.Get(), "\tError : Another\n\tError : Expression is too long");
+    EXPECT_EQ(session.GetState().Compute(text.Get()).error, "\tError : Expression is too long");
+  }
+  EXPECT_EQ(session.Evaluate("1+1"), "Scalar : 2");
 }
 
 // A type that says nothing of how its literals begin, so that it is asked about every text.
