@@ -16,6 +16,9 @@ namespace {
 
 constexpr std::size_t kNowhere = std::string_view::npos;
 
+// The room for a line of output that is kept for the next one.
+constexpr std::size_t kMostKept = std::size_t{1} << 20;
+
 bool IsAlphanumeric(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
@@ -48,8 +51,11 @@ void State::ProcessLine(const s_str& line) {
     const std::string_view command = rest.substr(0, rest.find(';'));
     rest.remove_prefix(std::min(command.size() + 1, rest.size()));
     if (command.empty() || command.starts_with("//")) continue;
-    const Depth::Level level(depth_);
-    ProcessCommand(command);
+    {
+      const Depth::Level level(depth_);
+      ProcessCommand(command);
+    }
+    if (depth_.IsOutside()) workspace_.GiveBack();
   }
 }
 
@@ -191,7 +197,7 @@ void State::PrintValue(std::string_view before, std::string_view type, const Sym
   value.AppendTo(line);
   line += '\n';
   Print(line.GetView());
-  line_ = std::move(line);
+  if (line.Get().capacity() <= kMostKept) line_ = std::move(line);
 }
 
 }  // namespace Quarn

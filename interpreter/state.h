@@ -188,6 +188,7 @@ class State {
     const Depth::Level level(depth_);
     const s_uint reported = error.GetSize();
     s_refptr<Symbol> value = work();
+    workspace_.GiveBack();
     return level.IsGranted() ? value : ReportDepth(error, reported);
   }
   static s_refptr<Symbol> ReportDepth(s_str& error, s_uint reported);

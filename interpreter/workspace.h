@@ -32,7 +32,22 @@ struct CallLists {
   Piece part;
 };
 
+// Gives back what a text that was out of the ordinary left behind.
+template <class Room>
+void GiveBackIfLarge(Room& room) {
+  constexpr std::size_t kMostKept = std::size_t{1} << 20;  // bytes
+  if (room.capacity() * sizeof(typename Room::value_type) > kMostKept) room = Room();
+}
+
 struct Workspace {
+  // REQUIRES: no evaluation is in progress.
+  void GiveBack() {
+    GiveBackIfLarge(brackets);
+    GiveBackIfLarge(pending);
+    GiveBackIfLarge(outer);
+    GiveBackIfLarge(values);
+  }
+
   BracketRoom brackets;
   std::vector<Pending> pending;
   std::vector<Piece> outer;  // what follows each open parenthesis at its own level

@@ -17,20 +17,28 @@ thread_local bool is_counting = false;
 thread_local std::size_t calls = 0;
 thread_local std::size_t failing_call = 0;
 thread_local long alive = 0;
+thread_local long bytes = 0;
+
+// One block more, or one less.
+void Count(std::size_t size, long blocks) {
+  if (size == kSlabBytes) return;
+  alive += blocks;
+  bytes += blocks * static_cast<long>(size);
+}
 
 void* Allocate(std::size_t size) {
   if (is_counting && ++calls == failing_call) throw std::bad_alloc();
   auto* header = static_cast<Header*>(std::malloc(sizeof(Header) + size));
   if (!header) throw std::bad_alloc();
   header->size = size;
-  if (size != kSlabBytes) ++alive;
+  Count(size, 1);
   return header + 1;
 }
 
 void Free(void* block) {
   if (!block) return;
   Header* header = static_cast<Header*>(block) - 1;
-  if (header->size != kSlabBytes) --alive;
+  Count(header->size, -1);
   std::free(header);
 }
 
@@ -50,6 +58,8 @@ bool ScarceMemory::Stop() {
 std::size_t ScarceMemory::CountCalls() { return calls; }
 
 long ScarceMemory::CountAlive() { return alive; }
+
+long ScarceMemory::CountBytes() { return bytes; }
 
 }  // namespace Quarn
 

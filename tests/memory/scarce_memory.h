@@ -19,6 +19,8 @@ class ScarceMemory {
   static std::size_t CountCalls();
   // Blocks that nobody has given back yet.
   static long CountAlive();
+  // How many bytes they have.
+  static long CountBytes();
 };
 
 }  // namespace Quarn
