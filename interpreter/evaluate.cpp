@@ -13,8 +13,6 @@
 namespace Quarn {
 namespace {
 
-constexpr unsigned int kLowestPriority = 1;
-
 bool IsParenthesised(std::string_view text) { return text.front() == '(' && text.back() == ')'; }
 
 // Is the piece a leaf with balanced brackets? If not, an evaluation tells what it is.

@@ -28,10 +28,33 @@ inline constexpr OperatorPriority kPriorities[] = {
     {"-",  1},
 };
 
+// What the scanner and the evaluator rely on: "[]" comes first and is the one operator of two
+// characters, since no scan ever meets it; each other is one character that means nothing else; no
+// text comes twice; and each priority fits into a byte and is above 0, which is that of an open
+// parenthesis.
+inline constexpr unsigned int kLowestPriority = 1;
+template <std::size_t N>
+constexpr bool IsSound(const OperatorPriority (&table)[N]) {
+  if (table[0].text != "[]") return false;
+  for (std::size_t i = 0; i < N; ++i) {
+    const auto& [text, priority] = table[i];
+    if (priority < kLowestPriority || priority > UINT8_MAX) return false;
+    for (std::size_t j = 0; j < i; ++j) {
+      if (table[j].text == text) return false;
+    }
+    if (i == 0) continue;
+    if (text.size() != 1) return false;
+    const char c = text[0];
+    if (std::string_view("()<>[], \t._'&;=:~?").find(c) != std::string_view::npos) return false;
+    if ((c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z')) return false;
+  }
+  return N < UINT8_MAX;
+}
+static_assert(IsSound(kPriorities));
+
 // How many there are, and the place of "[]".
 inline constexpr std::size_t kOperators = std::size(kPriorities);
 inline constexpr std::size_t kIndexing = 0;
-static_assert(kPriorities[kIndexing].text == "[]");
 
 // The operators of one character, by that character; kOperators for all others.
 inline constexpr auto kOperatorOf = [] {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "interpreter/priorities.h"
 #include "interpreter/registry.h"
 #include "interpreter/source.h"
 
@@ -13,7 +14,8 @@ namespace Quarn {
 
 // What waits for its right side: an operator for its operand, or a parenthesis for its end.
 struct Pending {
-  static constexpr std::uint8_t kParenthesis = 0;  // below the priority of every operator
+  static constexpr std::uint8_t kParenthesis = 0;  // as a priority
+  static_assert(kParenthesis < kLowestPriority);
 
   // Written and read member by member: a load of several waits for the stores of each.
   Pending(std::uint8_t its_priority, std::uint8_t its_op, bool stands_behind_value)

@@ -38,6 +38,57 @@ TEST(Priorities, OtherTextsAreNoOperators) {
   }
 }
 
+// Tables that would compile and evaluate wrongly.
+TEST(Priorities, WhatTheScannerReliesOnIsChecked) {
+  constexpr OperatorPriority kGood[] = {
+      {"[]", 2},
+      {"+",  1}
+  };
+  constexpr OperatorPriority kOfParentheses[] = {
+      {"[]", 2},
+      {"+",  0}
+  };
+  constexpr OperatorPriority kTooTight[] = {
+      {"[]", 256},
+      {"+",  1  }
+  };
+  constexpr OperatorPriority kNoIndexing[] = {
+      {"+", 1}
+  };
+  constexpr OperatorPriority kIndexingLast[] = {
+      {"+",  1},
+      {"[]", 2}
+  };
+  constexpr OperatorPriority kLong[] = {
+      {"[]", 2},
+      {"**", 1}
+  };
+  constexpr OperatorPriority kEmpty[] = {
+      {"[]", 2},
+      {"",   1}
+  };
+  constexpr OperatorPriority kTwice[] = {
+      {"[]", 2},
+      {"+",  1},
+      {"+",  2}
+  };
+  static_assert(IsSound(kGood));
+  static_assert(!IsSound(kOfParentheses));
+  static_assert(!IsSound(kTooTight));
+  static_assert(!IsSound(kNoIndexing));
+  static_assert(!IsSound(kIndexingLast));
+  static_assert(!IsSound(kLong));
+  static_assert(!IsSound(kEmpty));
+  static_assert(!IsSound(kTwice));
+  for (char c : std::string_view("()<>[], ._=;:&~?0a9zAZ")) {
+    const OperatorPriority taken[] = {
+        {"[]", 2},
+        { std::string_view(&c,  1), 1}
+    };
+    EXPECT_FALSE(IsSound(taken)) << c;
+  }
+}
+
 TEST(Priorities, KnowsOperatorsOfOneCharacterByIt) {
   for (unsigned int code = 0; code < 256; ++code) {
     const char character = static_cast<char>(code);
