@@ -7,7 +7,6 @@
 #include "types/lift.h"
 #include "types/scalar_literal.h"
 #include "types/scalar_math.h"
-#include "utils/decimal.h"
 #include "utils/s_str_convert.h"
 
 namespace Quarn {
@@ -25,12 +24,8 @@ bool IsScalar(const Symbol& value) { return value.GetFixedType().Get() == Scalar
 
 bool BuildInPlace(State&, const s_str& name, const Piece& piece, s_str&, s_refptr<Symbol>& spare,
                   s_refptr<Symbol>& value) {
-  const std::string_view text = piece.GetText();
-  double number = ReadOrdinary(text);
-  if (std::isnan(number)) {
-    if (!IsNumberLiteral(text)) return false;
-    number = ReadDouble(text).value;
-  }
+  const double number = ReadNumberLiteral(piece.GetText());
+  if (std::isnan(number)) return false;
   if (!name.IsEmpty()) {
     value = s_refptr<Symbol>(new Scalar(name, number));
   } else if (spare && IsScalar(*spare)) {

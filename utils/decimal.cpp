@@ -39,12 +39,6 @@ constexpr std::uint64_t kPowersOfTen[] = {
 };
 constexpr std::uint64_t kLeast15Digits = kPowersOfTen[kDigits - 1];
 
-// All powers of ten that a double holds exactly; the quotient of two exact doubles is rounded once.
-constexpr double kExactPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                        1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                        1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr int kLargestExactPower = 22;
-constexpr std::uint64_t kLargestExactWhole = std::uint64_t{1} << 53;
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
 // Writes exactly so many digits, with leading zeros.
@@ -158,12 +152,9 @@ double ReadOrdinary(std::string_view text) {
       return kNoNumber;
     }
   }
-  if (whole > kLargestExactWhole || (point && end - begin == 1)) return kNoNumber;
-  auto size = static_cast<double>(whole);
-  if (point) size /= kExactPowersOfTen[end - point - 1];
+  if (point && end - begin == 1) return kNoNumber;
+  const double size = MakeOrdinary(whole, point ? static_cast<int>(end - point - 1) : 0);
   return negative ? -size : size;
 }
-
-static_assert(kLargestExactPower + 1 == std::size(kExactPowersOfTen) && kLargestExactPower >= 18);
 
 }  // namespace Quarn

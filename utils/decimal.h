@@ -3,6 +3,8 @@
 // cannot; s_str_convert.h tries them first.
 #pragma once
 
+#include <cstdint>
+#include <limits>
 #include <string_view>
 
 namespace Quarn {
@@ -15,5 +17,19 @@ char* WriteOrdinary(char* out, double value);
 // Reads a text that is one number whole: a sign or none, digits with at most one full stop, worth
 // not more than 2^53 without the full stop. NaN for any other text.
 double ReadOrdinary(std::string_view text);
+
+// The number that these digits are with so many of them behind the full stop; NaN for one above
+// 2^53 without the full stop.  REQUIRES: 0 <= decimals <= 22.
+inline double MakeOrdinary(std::uint64_t digits, int decimals) {
+  // All powers of ten that a double holds exactly; the quotient of two exact doubles is rounded
+  // once.
+  static constexpr double kExactPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                 1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+  constexpr std::uint64_t kLargestExactWhole = std::uint64_t{1} << 53;
+  if (digits > kLargestExactWhole) return std::numeric_limits<double>::quiet_NaN();
+  const auto number = static_cast<double>(digits);
+  return decimals == 0 ? number : number / kExactPowersOfTen[decimals];
+}
 
 }  // namespace Quarn

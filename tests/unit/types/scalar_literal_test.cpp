@@ -1,12 +1,16 @@
-// Tests of IsNumberLiteral: which texts are numbers as a user writes them.
+// Tests of number literals: which texts are numbers as a user writes them, and which numbers.
 #include "types/scalar_literal.h"
 
 #include <gtest/gtest.h>
 #include <regex.h>
 
+#include <cmath>
 #include <string>
 
+#include "tests/support/session.h"
 #include "tests/support/small_world.h"
+#include "types/value.h"
+#include "utils/s_str_convert.h"
 
 namespace Quarn {
 namespace {
@@ -55,6 +59,82 @@ TEST(IsNumberLiteral, AgreesWithAPatternOnEveryShortText) {
   const NumberPattern number;
   ForEachText("1.e+- a", kLongestInWorld, [&](const std::string& text) {
     ASSERT_EQ(IsNumberLiteral(text), number.Matches(text)) << text;
+  });
+}
+
+TEST(ReadNumberLiteral, GivesTheNumberThatTheTextConversionGives) {
+  for (const char* text : {"0",
+                           "-0",
+                           "7",
+                           "-7",
+                           "+7",
+                           " 7 ",
+                           "007",
+                           "1.5",
+                           "-1.5",
+                           ".5",
+                           "5.",
+                           "-.5",
+                           "0.1",
+                           "0.3",
+                           "123456789012345678",
+                           "1234567890123456789",
+                           "12345678901234567890",
+                           "9007199254740992",
+                           "9007199254740993",
+                           "9007199254740993.0",
+                           "18446744073709551616",
+                           "18446744073709551623",
+                           "0.1234567890123456789",
+                           "0.000000000000000000000000000000000001",
+                           "1e3",
+                           "-1.5e-3",
+                           "1e400",
+                           "-1e400",
+                           "1e-400",
+                           "",
+                           "+",
+                           "-",
+                           ".",
+                           "+.",
+                           "e5",
+                           "-e5",
+                           "  ",
+                           "36893488147419103239",
+                           "000000000000000000000000000000000000000000000000000000000000000000",
+                           "0000000000000000000000001"}) {
+    const double number = ReadNumberLiteral(text);
+    ASSERT_FALSE(std::isnan(number)) << text;
+    EXPECT_EQ(number, ReadDouble(text).value) << text;
+    EXPECT_EQ(std::signbit(number), std::signbit(ReadDouble(text).value)) << text;
+  }
+  ForEachText("019.", kLongestInWorld, [](const std::string& text) {
+    const double number = ReadNumberLiteral(text);
+    if (!std::isnan(number)) {
+      ASSERT_EQ(number, ReadDouble(text).value) << text;
+    }
+  });
+}
+
+TEST(ReadNumberLiteral, GivesNothingForOtherTexts) {
+  for (const char* text : {"1.2.3", "1e", "e+", "1E5", "12a", "1 2", "- 1", "nan", "1\n"}) {
+    EXPECT_TRUE(std::isnan(ReadNumberLiteral(text))) << text;
+  }
+}
+
+// Whatever the rule is, it is the language's: what is a literal is a number there, and all else is
+// not.
+TEST(IsNumberLiteral, DecidesWhatIsANumberInAnExpression) {
+  Session session;
+  ForEachText("10.eEa", kLongestInWorld, [&](const std::string& text) {
+    if (text.empty()) return;
+    const std::string said = session.Evaluate(text);
+    const bool is_number = said.starts_with("Scalar : ");
+    ASSERT_EQ(is_number, IsNumberLiteral(text)) << text;
+    ASSERT_NE(is_number, said.starts_with("\tError : ")) << text;
+    if (is_number) {
+      ASSERT_EQ(ToNumber(session.Parse(text)), ReadNumberLiteral(text)) << text;
+    }
   });
 }
 

@@ -102,6 +102,17 @@ TEST(ReadOrdinary, ReadsWhatPeopleType) {
   EXPECT_TRUE(std::signbit(minus_zero));
 }
 
+TEST(MakeOrdinary, PutsTheFullStopIntoDigits) {
+  EXPECT_EQ(MakeOrdinary(0, 0), 0);
+  EXPECT_EQ(MakeOrdinary(12345, 0), 12345);
+  EXPECT_EQ(MakeOrdinary(12345, 2), 123.45);
+  EXPECT_EQ(MakeOrdinary(12345, 5), 0.12345);
+  EXPECT_EQ(MakeOrdinary(1, 22), 1e-22);
+  EXPECT_EQ(MakeOrdinary(std::uint64_t{1} << 53, 3), 9007199254740.992);
+  EXPECT_TRUE(std::isnan(MakeOrdinary((std::uint64_t{1} << 53) + 1, 0)));
+  EXPECT_TRUE(std::isnan(MakeOrdinary(~std::uint64_t{0}, 22)));
+}
+
 TEST(ReadOrdinary, LeavesEveryOtherTextAlone) {
   for (const char* text :
        {"", "+", "-", ".", "-.", "1e5", "1.2.3", " 1", "1 ", "12a", "--1", "+-1",
