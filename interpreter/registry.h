@@ -76,7 +76,7 @@ struct TypeRow {
 
 // An operator with one operand, for State::AddRightUnary or State::AddLeftUnary.
 struct UnaryRow {
-  // One of the operators of the language.
+  // One of the operators of the language, which a build with assertions checks.
   s_str op;
   s_str operand;  // type
   UnaryOperator body;

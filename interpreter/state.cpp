@@ -1,5 +1,6 @@
 #include "interpreter/state.h"
 
+#include <cassert>
 #include <iostream>
 
 #include "interpreter/builtins.h"
@@ -11,6 +12,11 @@ bool MayBeginLiteral(const TypeRow& type, char start) {
   if (!type.is_literal) return false;
   const std::string_view starts = type.literal_starts.GetView();
   return starts.empty() || starts.find(start) != std::string_view::npos;
+}
+
+// No expression can ever use a row for another text.
+[[maybe_unused]] bool IsOperator(const s_str& op) {
+  return FindOperator(op.GetView()) != kOperators;
 }
 
 s_refptr<Symbol> CreateSymbol(const s_str& name) { return s_refptr<Symbol>(new Symbol(name)); }
@@ -70,6 +76,7 @@ void State::DropReplaced() {
 void State::AddBinary(std::initializer_list<BinaryRow> rows) {
   binary_dispatch_ = {};
   for (const BinaryRow& row : rows) {
+    assert(IsOperator(row.op));
     Registry<BinaryOperator> fresh;
     fresh.emplace(row.right, row.body);
     Put(binary_[row.op][row.left], fresh);
@@ -78,6 +85,7 @@ void State::AddBinary(std::initializer_list<BinaryRow> rows) {
 
 void State::AddUnary(UnaryRegistry& registry, std::initializer_list<UnaryRow> rows) {
   for (const UnaryRow& row : rows) {
+    assert(IsOperator(row.op));
     Registry<UnaryOperator> fresh;
     fresh.emplace(row.operand, row.body);
     Put(registry[row.op], fresh);

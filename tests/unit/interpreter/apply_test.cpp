@@ -78,17 +78,6 @@ TEST_F(Apply, RefusesTextsThatAreNoOperators) {
   }
 }
 
-TEST_F(Apply, AnyTextMayBeRegisteredAndAppliedByHand) {
-  session_.GetState().AddBinary({
-      {"Scalar", "mod", "Scalar",
-       Quarn::Binary([](double x, double y) { return std::fmod(x, y); })}
-  });
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(Binary("mod", Number(7), Number(4)), "Scalar : 3");
-  EXPECT_EQ(Binary("mod", Number(7), Refer("2+2")), "Scalar : 3");
-  EXPECT_EQ(Binary("mod", Number(7), Refer("zz")), "Reference : (7)mod(zz)");
-  EXPECT_EQ(session_.Evaluate("7mod4"), "\tError : Unknown symbol '7mod4'");
-}
-
 TEST_F(Apply, ATypeFromOutsideHasItsOperators) {
   Word::Register(session_.GetState());
   EXPECT_EQ(session_.Evaluate("'ab!"), "Word : abab");

@@ -132,5 +132,38 @@ TEST_F(RegistrationTest, TheCharactersThatBeginLiteralsAreTheStatesOwn) {
   EXPECT_EQ(Compute("x1$"), "\tError : Unable to parse expression 'x1$', no operator found");
 }
 
+// No expression could ever use it: a mistake of whoever writes the row, found where there are
+// assertions. The types of a row may be registered later, so nothing is said of them.
+TEST(RegistrationDeathTest, AnOperatorThatTheLanguageDoesNotHaveIsAMistake) {
+  Session session;
+  State& state = session.GetState();
+  const auto join = [](const s_refptr<Symbol>& left, const s_refptr<Symbol>&, s_str&) {
+    return left;
+  };
+  const auto turn = [](const s_refptr<Symbol>& operand, s_str&) { return operand; };
+  for (const char* op : {"%", "", "**", "[", "mod"}) {
+    EXPECT_DEBUG_DEATH(state.AddBinary({
+                           {"Scalar", op, "Scalar", join}
+    }),
+                       "IsOperator")
+        << op;
+    EXPECT_DEBUG_DEATH(state.AddLeftUnary({
+                           {op, "Scalar", turn}
+    }),
+                       "IsOperator")
+        << op;
+    EXPECT_DEBUG_DEATH(state.AddRightUnary({
+                           {op, "Scalar", turn}
+    }),
+                       "IsOperator")
+        << op;
+  }
+  state.AddBinary({
+      {"Later",  "^",  "Later",  join},
+      {"Scalar", "[]", "Scalar", join}
+  });
+  EXPECT_EQ(session.Evaluate("5[7]"), "Scalar : 5");
+}
+
 }  // namespace
 }  // namespace Quarn
