@@ -183,7 +183,7 @@ class State {
 
   // Runs what nothing else is evaluated around, and reports it when the stack did not suffice.
   template <class Work>
-  s_refptr<Symbol> RunOutermost(s_str& error, Work work) {
+  [[gnu::noinline]] s_refptr<Symbol> RunOutermost(s_str& error, Work work) {
     DropReplaced();
     const Depth::Level level(depth_);
     const s_uint reported = error.GetSize();
