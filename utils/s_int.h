@@ -54,7 +54,9 @@ class s_int_t {
     return a.state_ == State::kNumber && a.value_ <= b.value_;
   }
   friend constexpr s_bool operator>=(s_int_t a, s_int_t b) { return b <= a; }
-  friend constexpr s_bool operator==(s_int_t a, s_int_t b) { return (a <= b) && (b <= a); }
+  friend constexpr s_bool operator==(s_int_t a, s_int_t b) {
+    return a.state_ == b.state_ && a.state_ != State::kNaN && a.value_ == b.value_;
+  }
   friend constexpr s_bool operator!=(s_int_t a, s_int_t b) { return !(a == b); }
   friend constexpr s_bool operator<(s_int_t a, s_int_t b) { return (a <= b) && !(b <= a); }
   friend constexpr s_bool operator>(s_int_t a, s_int_t b) { return b < a; }

@@ -11,6 +11,7 @@
 
 #include "utils/pool.h"
 #include "utils/s_bool.h"
+#include "utils/s_int.h"
 
 namespace Quarn {
 
@@ -74,7 +75,7 @@ class s_refptr {
   explicit operator bool() const { return object_ != nullptr; }
 
   // The number of owners; 0 for null.
-  unsigned int GetCount() const { return strong_ ? *strong_ : 0; }
+  s_uint GetCount() const { return strong_ ? *strong_ : 0U; }
 
   // Exchanges what the two point to; the counts stay.
   void Swap(s_refptr& other) noexcept {

@@ -38,6 +38,10 @@ TEST_F(SRefptr, IsNullUntilItIsGivenAnObject) {
   EXPECT_EQ(null.GetCount(), 0U);
 }
 
+TEST_F(SRefptr, TheNumberOfOwnersIsAnSUint) {
+  static_assert(std::is_same_v<decltype(s_refptr<Node>().GetCount()), s_uint>);
+}
+
 TEST_F(SRefptr, ANullObjectMakesANullPointer) {
   const s_refptr<Node> null(nullptr);
   EXPECT_TRUE(null.IsNull());
