@@ -42,6 +42,7 @@ TEST_F(TimeManagerTest, IsOneAndAPlainClass) {
   EXPECT_EQ(&TimeManager::Get(), &TimeManager::Get());
   static_assert(!std::is_polymorphic_v<TimeManager>);
   static_assert(!std::is_copy_constructible_v<TimeManager>);
+  static_assert(!std::is_destructible_v<TimeManager>);  // but by Destroy
 }
 
 TEST_F(TimeManagerTest, StartsWithAStepAndWithoutRates) {

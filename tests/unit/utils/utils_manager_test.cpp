@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <type_traits>
 
 #include "tests/support/dump.h"
 
@@ -83,6 +84,18 @@ TEST_F(UtilsManagerTest, DestroyForgetsThePrintFunction) {
   UtilsManager::Destroy();
   UtilsManager::Get().Print("a");
   EXPECT_EQ(printed, "");
+}
+
+template <class T>
+concept IsDeletedByAnyone = requires(T* object) {
+  delete object;
+};
+
+TEST_F(UtilsManagerTest, IsDeletedByDestroyAlone) {
+  static_assert(IsDeletedByAnyone<std::string>);
+  static_assert(!IsDeletedByAnyone<UtilsManager>);  // delete &UtilsManager::Get()
+  static_assert(!IsDeletedByAnyone<Manager<UtilsManager>>);
+  static_assert(!std::is_destructible_v<UtilsManager>);
 }
 
 // A warning from an object that is made before main has the manager and every text it needs.
