@@ -201,6 +201,31 @@ TEST(SStrConvert, TextToUlong) {
   EXPECT_EQ(ToUlong("x").Get(), 0UL);
 }
 
+TEST(SStrConvert, TextToInt) {
+  const struct {
+    const char* text;
+    int value;
+  } kRows[] = {
+      {"12",          12             },
+      {" 12abc",      12             },
+      {"-12",         -12            },
+      {"+5",          5              },
+      {"-1.9",        -1             },
+      {"2147483647",  2147483647     },
+      {"2147483648",  2147483647     }, // too large
+      {"-2147483648", -2147483647 - 1},
+      {"-2147483649", -2147483647 - 1}, // too small
+      {"",            0              },
+      {"abc",         0              },
+      {"-",           0              },
+      {"--5",         0              },
+  };
+  for (const auto& row : kRows) {
+    EXPECT_EQ(ToInt(row.text).Get(), row.value) << row.text;
+    EXPECT_TRUE(ToInt(row.text).IsValid()) << row.text;
+  }
+}
+
 TEST(SStrConvert, BooleanWordsAreReadAndTheOthersAreFalse) {
   for (const char* text : {"true", "1", "yes"}) EXPECT_TRUE(ToBool(text)) << text;
   for (const char* text : {"false", "0", "no", "", "Yes", "yes ", "2", "TRUE"}) {
@@ -208,14 +233,6 @@ TEST(SStrConvert, BooleanWordsAreReadAndTheOthersAreFalse) {
   }
   EXPECT_EQ(ToText(s_bool(true)).Get(), "true");
   EXPECT_EQ(ToText(s_bool(false)).Get(), "false");
-}
-
-TEST(SStrConvert, WidensAndNarrowsByteByByte) {
-  const s_ustr wide = Widen("a\xFF");
-  EXPECT_TRUE(wide.Get() == (s_ustr::String{'a', 0xFFU}));
-  EXPECT_EQ(Narrow(wide).Get(), "a\xFF");
-  EXPECT_EQ(Narrow(s_ustr(s_ustr::String{'a', 0x100U, 0x1F600U})).Get(), "a??");
-  EXPECT_EQ(Narrow(s_str("abc")).Get(), "abc");
 }
 
 // A host program whose numbers are written "1.234,5".
