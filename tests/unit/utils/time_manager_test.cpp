@@ -202,18 +202,23 @@ TEST(FormatPlayTime, GivesHoursMinutesAndSeconds) {
     double seconds;
     const char* text;
   } kRows[] = {
-      {0,          "[0:00:00]"    },
-      {9.999,      "[0:00:09]"    }, // begun seconds do not count
-      {59.999,     "[0:00:59]"    },
-      {60,         "[0:01:00]"    },
-      {3599.9,     "[0:59:59]"    },
-      {3600,       "[1:00:00]"    },
-      {36610,      "[10:10:10]"   },
-      {359999,     "[99:59:59]"   },
-      {360000,     "[100:00:00]"  },
-      {-1,         "[inf:inf:inf]"},
-      {-0.5,       "[inf:inf:inf]"},
-      {1e308 * 10, "[inf:inf:inf]"},
+      {0,            "[0:00:00]"      },
+      {9.999,        "[0:00:09]"      }, // begun seconds do not count
+      {59.999,       "[0:00:59]"      },
+      {60,           "[0:01:00]"      },
+      {3599.9,       "[0:59:59]"      },
+      {3600,         "[1:00:00]"      },
+      {36610,        "[10:10:10]"     },
+      {359999,       "[99:59:59]"     },
+      {360000,       "[100:00:00]"    },
+      {4294967295,   "[1193046:28:15]"}, // the most seconds that an s_uint counts
+      {4294967295.9, "[1193046:28:15]"},
+      {4294967296,   "[inf:inf:inf]"  },
+      {4294967301,   "[inf:inf:inf]"  },
+      {1e20,         "[inf:inf:inf]"  },
+      {-1,           "[inf:inf:inf]"  },
+      {-0.5,         "[inf:inf:inf]"  },
+      {1e308 * 10,   "[inf:inf:inf]"  },
   };
   for (const auto& row : kRows) EXPECT_EQ(FormatPlayTime(row.seconds).Get(), row.text);
   EXPECT_EQ(FormatPlayTime(s_double::NaN()).Get(), "[nan:nan:nan]");
