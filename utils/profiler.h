@@ -1,8 +1,10 @@
 // A Profiler knows how long a section of code took each time it ran; a Chrono on the stack of that
 // section measures one run. Profilers stand in named groups, which the TimeManager owns and makes
-// when they are first asked for. While profiling is off, runs are counted but not timed.
+// when they are first asked for. While profiling is off, runs are counted but not timed. Switching
+// it off ends the time that the report takes shares of.
 //   TimeManager::Get().SetProfiling(true);
 //   { Chrono chrono(TimeManager::Get().GetProfiler("physics", "collisions")); ... }
+//   TimeManager::Get().SetProfiling(false);
 //   TimeManager::Get().PrintReport();
 #pragma once
 

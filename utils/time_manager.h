@@ -70,7 +70,8 @@ class TimeManager {
   Profiler& GetProfiler(const s_str& group, const s_str& name);
   // Groups in the order of their names.
   const ProfilerGroups& GetProfilerGroups() const { return groups_; }
-  // Prints what was profiled line by line through the UtilsManager.
+  // Prints what was profiled line by line through the UtilsManager. Shares are of the profiled time:
+  // "nan%" while that is 0.
   void PrintReport() const;
 
   // The local date and time of the computer.

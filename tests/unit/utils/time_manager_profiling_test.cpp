@@ -45,6 +45,30 @@ TEST_F(ProfilingTest, GroupsAndProfilersAreMadeOnFirstUse) {
   EXPECT_EQ(groups, "a|b|");
 }
 
+// As on top of utils/profiler.h.
+TEST_F(ProfilingTest, TheExampleOfTheHeaderReportsAShare) {
+  const PrintedLines printed;
+  TimeManager::Get().SetProfiling(true);
+  {
+    Chrono chrono(TimeManager::Get().GetProfiler("physics", "collisions"));
+    HandClock::now += 0.5;
+  }
+  TimeManager::Get().SetProfiling(false);
+  TimeManager::Get().PrintReport();
+  EXPECT_EQ(printed.Get(),
+            "# Profiling info : 0.5 s of profiling\n"
+            "# Profiling info for group [physics] : 0.5 s of profiling\n"
+            "  - collisions :\n"
+            "     - call number     : 1 (0 not timed)\n"
+            "     - total time      : 0.5000 s (100.0% of total)\n"
+            "     - average time    : 500.0 ms\n"
+            "     - highest time    : 500.0 ms\n"
+            "     - lowest time     : 500.0 ms\n"
+            "     - listing records :\n"
+            "        [0] : 500.0 ms\n"
+            "# end.\n");
+}
+
 TEST_F(ProfilingTest, PrintsTheReportOfAScene) {
   const PrintedLines printed;
   TimeManager& manager = TimeManager::Get();
