@@ -56,6 +56,27 @@ TEST(FormatSignificant, KeepsFourDigits) {
   for (const auto& row : kRows) EXPECT_EQ(FormatSignificant(row.value, 4).Get(), row.text);
 }
 
+// Kept on purpose: the text has the value of the number.
+TEST(FormatSignificant, KeepsTheValueOfTheNumber) {
+  const struct {
+    double value;
+    const char* text;
+  } kRows[] = {
+      {0.05,      "0.05000"  }, // two multiplications by ten, one zero
+      {0.5,       "0.5000"   }, // one, and none
+      {0.0001234, "0.0001234"}, // four, and three
+      {12.996,    "13.00"    }, // carries into the integer part
+      {999.96,    "1000"     }, // and into a digit more, which leaves no fraction
+      {1234.6,    "1235"     }, // no point
+      {1234,      "1234"     },
+      {0,         "0.0000"   },
+  };
+  for (const auto& row : kRows) {
+    EXPECT_EQ(FormatSignificant(row.value, 4).Get(), row.text);
+    EXPECT_NEAR(std::stod(row.text), row.value, row.value * 0.0005);  // half of the fourth digit
+  }
+}
+
 TEST(FormatSignificant, NegativeNumbersHaveASignInFront) {
   for (const double value : {1.5, 0.05, 0.99996, 9.9996, 12345.0, 1e15}) {
     EXPECT_EQ(FormatSignificant(-value, 4).Get(), "-" + FormatSignificant(value, 4).Get());
