@@ -19,17 +19,17 @@ s_refptr<Symbol> Create(const s_str& name) { return s_refptr<Symbol>(new Scalar(
 s_bool IsLiteral(const s_str& text) { return IsNumberLiteral(text.GetView()); }
 
 s_refptr<Symbol> CreateFrom(State&, const s_str& name, const s_str& text, s_str&) {
-  return s_refptr<Symbol>(new Scalar(name, ReadDouble(text.GetView()).value));
+  return s_refptr<Symbol>(new Scalar(name, ReadDouble(text.GetView()).value.Get()));
 }
 
 bool IsScalar(const Symbol& value) { return typeid(value) == typeid(Scalar); }
 
 bool BuildInPlace(State&, const s_str& name, const Piece& piece, s_str&, s_refptr<Symbol>& value) {
   const std::string_view text = piece.GetText();
-  double number = ReadOrdinary(text);
+  double number = ReadOrdinary(text).Get();
   if (std::isnan(number)) {
     if (!IsNumberLiteral(text)) return false;
-    number = ReadDouble(text).value;
+    number = ReadDouble(text).value.Get();
   }
   if (!name.IsEmpty()) {
     value = s_refptr<Symbol>(new Scalar(name, number));

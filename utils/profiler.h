@@ -106,7 +106,7 @@ class Chrono {
 // point than the multiplications by ten that reach 1: 0.05 takes two of them, and is "0.05000". A
 // rounding may carry into the integer part: 12.996 is "13.00". An integer part of four digits has
 // no point: 1234.6 is "1235". And 0 is "0.0000".
-s_str FormatSignificant(s_double value, int digits);
+s_str FormatSignificant(s_double value, s_uint digits);
 
 // The lines of the report, where `total` is the profiled time in seconds.
 s_ctnr<s_str> MakeReport(s_double total, const ProfilerGroups& groups);

@@ -112,8 +112,8 @@ s_str ToText(s_int value) { return IntegerToText(value); }
 s_str ToText(s_bool value) { return value ? "true" : "false"; }
 
 NumberRead ReadDouble(std::string_view text) {
-  const double ordinary = ReadOrdinary(text);
-  if (!std::isnan(ordinary)) return {ordinary, true};
+  const s_double ordinary = ReadOrdinary(text);
+  if (!ordinary.IsNaN()) return {ordinary, true};
   const std::string_view number = TakeNumber(text);
   const char* begin = number.data();
   const char* end = begin + number.size();

@@ -36,8 +36,8 @@ s_str ToText(s_bool value);  // "true" or "false"
 // What reading a text as a number came to, with the rules of a stream's extraction: leading white
 // space is skipped and reading stops at the first character that cannot go on with the number.
 struct NumberRead {
-  double value;   // 0 when there is no number; the largest double when it is too large for one
-  bool complete;  // false where the stream would report a failure: no number, or too large
+  s_double value;   // 0 when there is no number; the largest double when it is too large for one
+  s_bool complete;  // false where the stream would report a failure: no number, or too large
 };
 NumberRead ReadDouble(std::string_view text);
 
