@@ -7,6 +7,9 @@
 #include <type_traits>
 
 #include "tests/support/dump.h"
+#include "utils/profiler.h"
+#include "utils/time_manager.h"
+#include "utils/timer.h"
 
 namespace Quarn {
 namespace {
@@ -65,10 +68,15 @@ TEST_F(UtilsManagerTest, WarningsAndErrorsNameTheirSource) {
   }
 }
 
-TEST_F(UtilsManagerTest, ClassNameIsASource) {
+TEST_F(UtilsManagerTest, EveryClassIsASourceUnderItsOwnName) {
   UtilsManager::Get().SetPrintFunction(&Print);
-  UtilsManager::Get().Warning(UtilsManager::kClassName, "x");
-  EXPECT_EQ(printed, "# Warning # : UtilsManager : x|");
+  for (const char* source : {UtilsManager::kClassName, TimeManager::kClassName, Timer::kClassName,
+                             PeriodicTimer::kClassName, Profiler::kClassName, Chrono::kClassName}) {
+    UtilsManager::Get().Warning(source, "x");
+  }
+  EXPECT_EQ(printed,
+            "# Warning # : UtilsManager : x|# Warning # : TimeManager : x|# Warning # : Timer : x|"
+            "# Warning # : PeriodicTimer : x|# Warning # : Profiler : x|# Warning # : Chrono : x|");
 }
 
 TEST_F(UtilsManagerTest, ANullPrintFunctionDropsAgain) {
