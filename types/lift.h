@@ -23,7 +23,7 @@ inline s_refptr<Symbol> NewNumber(double value) { return s_refptr<Symbol>(new Sc
 // Puts a number in the place of one that is used up: a Scalar that nobody else holds, as those
 // within an expression are, is made over instead of being thrown away.
 inline void Renew(s_refptr<Symbol>& operand, double value) {
-  if (operand.GetCount() != 1) {
+  if (operand.GetCount() != 1U) {
     operand = NewNumber(value);
   } else {
     static_cast<Scalar&>(*operand).BecomeTemporary(value);

@@ -17,7 +17,7 @@ s_refptr<Symbol> Create(const s_str& name) { return s_refptr<Symbol>(new Scalar(
 s_bool IsLiteral(const s_str& text) { return IsNumberLiteral(text.GetView()); }
 
 s_refptr<Symbol> CreateFrom(State&, const s_str& name, const s_str& text, s_str&) {
-  return s_refptr<Symbol>(new Scalar(name, ReadDouble(text.GetView()).value));
+  return s_refptr<Symbol>(new Scalar(name, ReadDouble(text.GetView()).value.Get()));
 }
 
 bool IsScalar(const Symbol& value) { return value.GetFixedType().Get() == Scalar::kType; }

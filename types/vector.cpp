@@ -34,7 +34,7 @@ s_refptr<Values>& Vector::ElementsOf(Symbol& vector) {
 
 // Do the elements go when this value does?
 bool Vector::OwnsElementsAlone(const s_refptr<Symbol>& value) {
-  return value.GetCount() == 1 && IsVector(*value) && ElementsOf(*value).GetCount() == 1;
+  return value.GetCount() == 1U && IsVector(*value) && ElementsOf(*value).GetCount() == 1U;
 }
 
 void Vector::Register(State& state) {
@@ -60,7 +60,7 @@ void Vector::Register(State& state) {
 Vector::~Vector() {
   s_refptr<Values> elements = std::move(elements_);
   s_refptr<Symbol> innermost;
-  while (elements && elements.GetCount() == 1) {
+  while (elements && elements.GetCount() == 1U) {
     if (elements->IsEmpty()) {
       if (!innermost) return;
       const s_refptr<Symbol> emptied = std::move(innermost);

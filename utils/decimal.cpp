@@ -132,7 +132,7 @@ char* WriteOrdinary(char* out, double value) {
   return WriteFixed(out, rounded);
 }
 
-double ReadOrdinary(std::string_view text) {
+s_double ReadOrdinary(std::string_view text) {
   const char* at = text.data();
   const char* end = at + text.size();
   const bool negative = at != end && *at == '-';

@@ -7,6 +7,8 @@
 #include <limits>
 #include <string_view>
 
+#include "utils/s_double.h"
+
 namespace Quarn {
 
 // Writes what the general notation with 15 significant digits gives, and returns its end; null for
@@ -16,7 +18,7 @@ char* WriteOrdinary(char* out, double value);
 
 // Reads a text that is one number whole: a sign or none, digits with at most one full stop, worth
 // not more than 2^53 without the full stop. NaN for any other text.
-double ReadOrdinary(std::string_view text);
+s_double ReadOrdinary(std::string_view text);
 
 // The number that these digits are with so many of them behind the full stop; NaN for one above
 // 2^53 without the full stop.  REQUIRES: 0 <= decimals <= 22.

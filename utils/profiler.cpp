@@ -15,7 +15,7 @@ namespace Quarn {
 namespace {
 
 // The significant digits of a profiler's own times.
-constexpr int kTimeDigits = 4;
+constexpr s_uint kTimeDigits = 4U;
 
 // The longest name in front of a colon, to which the others are padded.
 constexpr std::string_view kRecords = "listing records";
@@ -169,10 +169,10 @@ void Chrono::Stop() {
   }
 }
 
-s_str FormatSignificant(s_double value, int digits) {
+s_str FormatSignificant(s_double value, s_uint digits) {
   if (!value.IsFinite()) return ToText(value);
   const double positive = std::fabs(value.Get());
-  const s_str text = FormatPositive(positive, static_cast<std::size_t>(digits));
+  const s_str text = FormatPositive(positive, digits.Get());
   return value < 0.0 ? "-" + text : text;
 }
 

@@ -1,8 +1,10 @@
 // A Profiler knows how long a section of code took each time it ran; a Chrono on the stack of that
 // section measures one run. Profilers stand in named groups, which the TimeManager owns and makes
-// when they are first asked for. While profiling is off, runs are counted but not timed.
+// when they are first asked for. While profiling is off, runs are counted but not timed. Switching
+// it off ends the time that the report takes shares of.
 //   TimeManager::Get().SetProfiling(true);
 //   { Chrono chrono(TimeManager::Get().GetProfiler("physics", "collisions")); ... }
+//   TimeManager::Get().SetProfiling(false);
 //   TimeManager::Get().PrintReport();
 #pragma once
 
@@ -96,12 +98,15 @@ class Chrono {
   s_bool stopped_ = false;
 };
 
-// A number with so many significant digits and no exponent, halves rounded away from zero: with 4,
-// 12.346 gives "12.35", 0.000123456 gives "0.0001235" and 0 gives "0.0000". Digits of the integer
-// part beyond those asked for become 0 without rounding: 123456 gives "123400". NaN and the
-// infinities give "nan", "inf+" and "inf-".
-// REQUIRES: 1 to 17 digits.
-s_str FormatSignificant(s_double value, int digits);
+// A number with a fixed count of significant digits and no exponent, halves rounded away from zero:
+// with 4, 12.346 gives "12.35" and 0.000123456 gives "0.0001235". Digits of the integer part beyond
+// those asked for become 0 without rounding: 123456 gives "123400". NaN and the infinities give
+// "nan", "inf+" and "inf-".  REQUIRES: 1 to 17 digits.
+// Kept on purpose: the text has the value of the number. Below 1 there is one zero fewer after the
+// point than the multiplications by ten that reach 1: 0.05 takes two of them, and is "0.05000". A
+// rounding may carry into the integer part: 12.996 is "13.00". An integer part of four digits has
+// no point: 1234.6 is "1235". And 0 is "0.0000".
+s_str FormatSignificant(s_double value, s_uint digits);
 
 // The lines of the report, where `total` is the profiled time in seconds.
 s_ctnr<s_str> MakeReport(s_double total, const ProfilerGroups& groups);

@@ -1,6 +1,7 @@
 // s_bool_t<bool> is a truth value that stands in `if` and `while` but never becomes a number:
 // it converts to a pointer to a function, which is null exactly when the value is false, and it is
-// made from a bool alone, so neither `s_bool b = 5` nor `int i = b` compiles.
+// made from a bool alone, so neither `s_bool b = 5` nor `int i = b` compiles. Two are equal or not;
+// they have no order.
 //   s_bool found = text.Contains("=");
 //   if (found) ...
 #pragma once
@@ -23,6 +24,12 @@ class s_bool_t {
   // Null exactly when the value is false.
   constexpr operator Test() const { return value_ ? &IsTrue : nullptr; }
   constexpr bool operator!() const { return !value_; }
+
+  // The pointers would compare.
+  friend void operator<(s_bool_t, s_bool_t) = delete;
+  friend void operator<=(s_bool_t, s_bool_t) = delete;
+  friend void operator>(s_bool_t, s_bool_t) = delete;
+  friend void operator>=(s_bool_t, s_bool_t) = delete;
 
  private:
   static void IsTrue() {}

@@ -14,11 +14,6 @@
 
 namespace Quarn {
 
-// The place that an index names. NaN and INF lie past every end.
-constexpr std::size_t ToPlace(s_uint index) {
-  return index.IsValid() ? index.Get() : static_cast<std::size_t>(-1);
-}
-
 template <class T, class C>
 class s_ctnr_t {
  public:
@@ -56,6 +51,11 @@ class s_ctnr_t {
   auto end() const { return elements_.end(); }
 
  private:
+  // NaN and INF lie past every end.
+  static constexpr std::size_t ToPlace(s_uint index) {
+    return index.IsValid() ? index.Get() : static_cast<std::size_t>(-1);
+  }
+
   C elements_;
 };
 

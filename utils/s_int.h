@@ -1,6 +1,7 @@
 // s_int_t<T> is an integer with a state: a number, infinite, or not a number. A position that was
 // not found is NaN, a count that runs to the end is INF. Sums and differences of numbers wrap
-// modulo the width of T, unchecked.
+// modulo the width of T, unchecked. It is made from a T alone: `s_uint n = -1` and `s_uint n = 2.7`
+// do not compile.
 //   s_uint position = text.Find("=");  // NaN when there is none
 //   if (position.IsValid()) ...
 #pragma once
@@ -22,8 +23,9 @@ class s_int_t {
   static const s_int_t INF;
 
   constexpr s_int_t() = default;
-  // A number.
-  constexpr s_int_t(T value) : value_(value) {}
+  // From a T alone: another integer might not fit, and a fraction or a bool is a mistake.
+  template <std::same_as<T> Value>
+  constexpr s_int_t(Value value) : value_(value) {}
 
   // The value without its state; 0 for NaN and INF.
   constexpr T Get() const { return value_; }
@@ -52,7 +54,9 @@ class s_int_t {
     return a.state_ == State::kNumber && a.value_ <= b.value_;
   }
   friend constexpr s_bool operator>=(s_int_t a, s_int_t b) { return b <= a; }
-  friend constexpr s_bool operator==(s_int_t a, s_int_t b) { return (a <= b) && (b <= a); }
+  friend constexpr s_bool operator==(s_int_t a, s_int_t b) {
+    return a.state_ == b.state_ && a.state_ != State::kNaN && a.value_ == b.value_;
+  }
   friend constexpr s_bool operator!=(s_int_t a, s_int_t b) { return !(a == b); }
   friend constexpr s_bool operator<(s_int_t a, s_int_t b) { return (a <= b) && !(b <= a); }
   friend constexpr s_bool operator>(s_int_t a, s_int_t b) { return b < a; }

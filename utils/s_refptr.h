@@ -11,6 +11,7 @@
 
 #include "utils/pool.h"
 #include "utils/s_bool.h"
+#include "utils/s_int.h"
 
 namespace Quarn {
 
@@ -74,7 +75,7 @@ class s_refptr {
   explicit operator bool() const { return object_ != nullptr; }
 
   // The number of owners; 0 for null.
-  unsigned int GetCount() const { return strong_ ? *strong_ : 0; }
+  s_uint GetCount() const { return strong_ ? *strong_ : 0U; }
 
   // Exchanges what the two point to; the counts stay.
   void Swap(s_refptr& other) noexcept {
@@ -96,14 +97,11 @@ class s_refptr {
   [[gnu::noinline]] void Drop() {
     // The counts go first: the object's destructor may be long, and needs them no more.
     T* object = std::exchange(object_, nullptr);
-    // GCOVR_EXCL_BR_START: there is no weak holder yet, and never a count without an object, though
-    // `delete` looks for one.
     if (*weak_ == 0) {
       Pool::Free(strong_, kCounts);
       strong_ = weak_ = nullptr;
     }
-    delete object;
-    // GCOVR_EXCL_BR_STOP
+    delete object;  // GCOVR_EXCL_BR_LINE: never null, though `delete` asks
   }
 
   T* object_ = nullptr;

@@ -8,6 +8,7 @@
 // std::basic_string does; an end or a count that is INF or NaN runs to the end of the text.
 #pragma once
 
+#include <concepts>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -29,7 +30,7 @@ class s_str_t {
 
   s_str_t() = default;
   // REQUIRES: a null-terminated array.
-  s_str_t(const char* text) { AppendLiteral(text); }
+  s_str_t(const char* text) { Append(text); }
   s_str_t(String text) : text_(std::move(text)) {}
   explicit s_str_t(View text) : text_(text) {}
 
@@ -46,22 +47,36 @@ class s_str_t {
   // Makes it empty.
   void Clear() { text_.clear(); }
 
-  // Adds at the end, and returns the whole.
+  // Adds at the end, and returns the whole. A char, here and below, is widened as in a literal.
   s_str_t& Append(T character) {
     text_ += character;
     return *this;
   }
+  s_str_t& Append(std::same_as<char> auto character) { return Append(Widened(character)); }
   s_str_t& Append(View text) {
     text_ += text;
     return *this;
   }
+  s_str_t& Append(const char* text) {
+    if constexpr (std::is_same_v<T, char>) {
+      text_ += text;
+    } else {
+      for (; *text; ++text) text_ += Widened(*text);
+    }
+    return *this;
+  }
   s_str_t& operator+=(T character) { return Append(character); }
+  s_str_t& operator+=(std::same_as<char> auto character) { return Append(character); }
   s_str_t& operator+=(const s_str_t& text) { return Append(text.GetView()); }
   friend s_str_t operator+(s_str_t a, const s_str_t& b) {
     a += b;
     return a;
   }
   friend s_str_t operator+(s_str_t a, T b) {
+    a += b;
+    return a;
+  }
+  friend s_str_t operator+(s_str_t a, std::same_as<char> auto b) {
     a += b;
     return a;
   }
@@ -96,6 +111,7 @@ class s_str_t {
   // Removes the character from the start, then from the end, while it stands there; returns how
   // many were removed.
   s_uint Trim(T character);
+  s_uint Trim(std::same_as<char> auto character) { return Trim(Widened(character)); }
 
   // Replaces every occurrence, never looking at what it has just put in; returns how many.
   // REQUIRES: pattern is not empty.
@@ -121,13 +137,7 @@ class s_str_t {
   s_bool IsBoolean() const;
 
  private:
-  void AppendLiteral(const char* text) {
-    if constexpr (std::is_same_v<T, char>) {
-      text_ += text;
-    } else {
-      for (; *text; ++text) text_ += static_cast<T>(static_cast<unsigned char>(*text));
-    }
-  }
+  static T Widened(char character) { return static_cast<T>(static_cast<unsigned char>(character)); }
 
   String text_;
 };

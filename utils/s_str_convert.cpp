@@ -86,7 +86,7 @@ NumberRead ReadBeyondRange(std::string_view number) {
 }
 
 template <class T>
-T ReadInteger(const s_str& text) {
+T ReadByStream(const s_str& text) {
   NumberStream stream(text.GetView());
   T value = 0;
   stream >> value;
@@ -112,8 +112,8 @@ s_str ToText(s_int value) { return IntegerToText(value); }
 s_str ToText(s_bool value) { return value ? "true" : "false"; }
 
 NumberRead ReadDouble(std::string_view text) {
-  const double ordinary = ReadOrdinary(text);
-  if (!std::isnan(ordinary)) return {ordinary, true};
+  const s_double ordinary = ReadOrdinary(text);
+  if (!ordinary.IsNaN()) return {ordinary, true};
   const std::string_view number = TakeNumber(text);
   const char* begin = number.data();
   const char* end = begin + number.size();
@@ -126,9 +126,10 @@ NumberRead ReadDouble(std::string_view text) {
 }
 
 s_double ToDouble(const s_str& text) { return ReadDouble(text.GetView()).value; }
-s_float ToFloat(const s_str& text) { return ReadInteger<float>(text); }
-s_uint ToUint(const s_str& text) { return ReadInteger<unsigned int>(text); }
-s_ulong ToUlong(const s_str& text) { return ReadInteger<unsigned long>(text); }
+s_float ToFloat(const s_str& text) { return ReadByStream<float>(text); }
+s_uint ToUint(const s_str& text) { return ReadByStream<unsigned int>(text); }
+s_ulong ToUlong(const s_str& text) { return ReadByStream<unsigned long>(text); }
+s_int ToInt(const s_str& text) { return ReadByStream<int>(text); }
 
 s_bool ToBool(const s_str& text) {
   for (const BooleanWord& word : kBooleanWords) {

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <string_view>
+#include <type_traits>
 
 #include "utils/s_double.h"
 #include "utils/s_str.h"
@@ -35,18 +36,19 @@ s_str ToText(s_bool value);  // "true" or "false"
 // What reading a text as a number came to, with the rules of a stream's extraction: leading white
 // space is skipped and reading stops at the first character that cannot go on with the number.
 struct NumberRead {
-  double value;   // 0 when there is no number; the largest double when it is too large for one
-  bool complete;  // false where the stream would report a failure: no number, or too large
+  s_double value;   // 0 when there is no number; the largest double when it is too large for one
+  s_bool complete;  // false where the stream would report a failure: no number, or too large
 };
 NumberRead ReadDouble(std::string_view text);
 
 // 0 when the text holds no number: ask IsNumber first.
 s_double ToDouble(const s_str& text);
 s_float ToFloat(const s_str& text);
-// As the stream extraction of the plain integer: 0 when there is none, the largest value when it is
-// too large, and a minus sign wraps.
+// As the stream extraction of the plain integer: 0 when there is none, the nearest value when it is
+// too large or too small; a minus sign wraps where there are no negative values.
 s_uint ToUint(const s_str& text);
 s_ulong ToUlong(const s_str& text);
+s_int ToInt(const s_str& text);
 
 // A text that is a boolean.
 struct BooleanWord {
@@ -71,5 +73,39 @@ s_bool ToBool(const s_str& text);
 s_ustr Widen(const s_str& text);
 inline s_str Narrow(const s_str& text) { return text; }
 s_str Narrow(const s_ustr& text);
+
+// The conversions for texts of other characters. A character that fits no byte ends a number.
+template <class T, class Value>
+s_str_t<T> ToText(Value value) {  // ToText<unsigned int>(value) is an s_ustr
+  if constexpr (std::is_same_v<T, char>) {
+    return ToText(value);
+  } else {
+    return Widen(ToText(value));
+  }
+}
+template <class T>
+s_double ToDouble(const s_str_t<T>& text) {
+  return ToDouble(Narrow(text));
+}
+template <class T>
+s_float ToFloat(const s_str_t<T>& text) {
+  return ToFloat(Narrow(text));
+}
+template <class T>
+s_uint ToUint(const s_str_t<T>& text) {
+  return ToUint(Narrow(text));
+}
+template <class T>
+s_ulong ToUlong(const s_str_t<T>& text) {
+  return ToUlong(Narrow(text));
+}
+template <class T>
+s_int ToInt(const s_str_t<T>& text) {
+  return ToInt(Narrow(text));
+}
+template <class T>
+s_bool ToBool(const s_str_t<T>& text) {
+  return ToBool(Narrow(text));
+}
 
 }  // namespace Quarn

@@ -130,7 +130,8 @@ s_int TimeManager::SeedRandom() {
 }
 
 s_str FormatPlayTime(s_double seconds) {
-  const s_uint total = seconds.Floor().ToUint();
+  constexpr double kTooLong = 4294967296.0;  // where ToUint would begin again at 0
+  const s_uint total = seconds >= kTooLong ? s_uint::INF : seconds.Floor().ToUint();
   s_uint hours = total;  // the state of one that is no number
   s_uint minutes = total;
   s_uint rest = total;

@@ -70,7 +70,8 @@ class TimeManager {
   Profiler& GetProfiler(const s_str& group, const s_str& name);
   // Groups in the order of their names.
   const ProfilerGroups& GetProfilerGroups() const { return groups_; }
-  // Prints what was profiled line by line through the UtilsManager.
+  // Prints what was profiled line by line through the UtilsManager. Shares are of the profiled time:
+  // "nan%" while that is 0.
   void PrintReport() const;
 
   // The local date and time of the computer.
@@ -117,8 +118,8 @@ class TimeManager {
 };
 
 // A duration in seconds as "[hours:minutes:seconds]", the last two with two digits: "[0:01:05]".
-// Fractions of a second are cut off. One that is negative or infinite gives "[inf:inf:inf]", NaN
-// gives "[nan:nan:nan]".
+// Fractions of a second are cut off. What an s_uint cannot count, a duration below 0 or of 2^32 s
+// (136 years) and more, gives "[inf:inf:inf]"; NaN gives "[nan:nan:nan]".
 s_str FormatPlayTime(s_double seconds);
 
 }  // namespace Quarn

@@ -35,6 +35,7 @@ class UtilsManager : public Manager<UtilsManager> {
  private:
   friend class Manager<UtilsManager>;
   UtilsManager() = default;
+  ~UtilsManager() override = default;
 
   PrintFunction print_ = nullptr;
   s_uint dropped_;

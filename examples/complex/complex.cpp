@@ -83,7 +83,7 @@ std::optional<Number> Complex::Read(std::string_view text) {
     return std::nullopt;
   }
   if (!Quarn::IsNumberLiteral(text)) return std::nullopt;
-  return Number(0, Quarn::ReadDouble(text).value);
+  return Number(0, Quarn::ReadDouble(text).value.Get());
 }
 
 std::string Complex::Write(const Number& value) {

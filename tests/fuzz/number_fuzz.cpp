@@ -46,10 +46,13 @@ void TryPrinting(double value) {
 void TryReadingWholes(const std::string& text) {
   unsigned int small = 0;
   unsigned long large = 0;
+  int below_zero = 0;
   ReadByStream(text, small);
   ReadByStream(text, large);
+  ReadByStream(text, below_zero);
   Require(ToUint(text) == s_uint(small), "a stream reads the same s_uint", text);
   Require(ToUlong(text) == s_ulong(large), "a stream reads the same s_ulong", text);
+  Require(ToInt(text) == s_int(below_zero), "a stream reads the same s_int", text);
 }
 
 }  // namespace
@@ -58,9 +61,9 @@ void Try(std::string_view input) {
   double expected = 0;
   const bool complete = ReadByStream(input, expected);
   const NumberRead read = ReadDouble(input);
-  Require(read.complete == complete, "reading fails where a stream fails", input);
-  RequireEqual(Bits(read.value), Bits(expected), "a stream reads the same number");
-  TryPrinting(read.value);
+  Require(bool(read.complete) == complete, "reading fails where a stream fails", input);
+  RequireEqual(Bits(read.value.Get()), Bits(expected), "a stream reads the same number");
+  TryPrinting(read.value.Get());
 
   const std::string text(input);
   float single = 0;

@@ -95,9 +95,9 @@ TEST(ReadOrdinary, ReadsWhatPeopleType) {
       {"9007199254740992", 9007199254740992},
   };
   for (const auto& row : kRows) {
-    EXPECT_EQ(ReadOrdinary(row.text), row.value) << row.text;
+    EXPECT_EQ(ReadOrdinary(row.text).Get(), row.value) << row.text;
   }
-  const double minus_zero = ReadOrdinary("-0");
+  const double minus_zero = ReadOrdinary("-0").Get();
   EXPECT_EQ(minus_zero, 0);
   EXPECT_TRUE(std::signbit(minus_zero));
 }
@@ -117,7 +117,7 @@ TEST(ReadOrdinary, LeavesEveryOtherTextAlone) {
   for (const char* text :
        {"", "+", "-", ".", "-.", "1e5", "1.2.3", " 1", "1 ", "12a", "--1", "+-1",
         "9007199254740993", "12345678901234567890", "0x1", "1,5", "inf", "nan"}) {
-    EXPECT_TRUE(std::isnan(ReadOrdinary(text))) << text;
+    EXPECT_TRUE(ReadOrdinary(text).IsNaN()) << text;
   }
 }
 
@@ -129,7 +129,7 @@ TEST(ReadOrdinary, ReadsWhatAStreamReads) {
   for (int i = 0; i < 400000; ++i) {
     std::string text = std::to_string(random() >> (10 + random() % 54));
     text.insert(random() % (text.size() + 1), ".");
-    const double value = ReadOrdinary(text);
+    const double value = ReadOrdinary(text).Get();
     if (std::isnan(value)) continue;
     ++taken_on;
     stream.clear();

@@ -13,7 +13,6 @@ class Counter : public Manager<Counter> {
   static inline int made = 0;
   static inline int alive = 0;
 
-  ~Counter() override { --alive; }
   int value = 0;
 
  private:
@@ -22,11 +21,17 @@ class Counter : public Manager<Counter> {
     ++made;
     ++alive;
   }
+  ~Counter() override { --alive; }
 };
 
 class Other : public Manager<Other> {
  public:
   int value = 0;
+
+ private:
+  friend class Manager<Other>;
+  Other() = default;
+  ~Other() override = default;
 };
 
 class ManagerTest : public testing::Test {
@@ -80,6 +85,11 @@ TEST_F(ManagerTest, IsDestroyedThroughItsBaseAndNeverCopied) {
   static_assert(!std::is_copy_constructible_v<Counter>);
   static_assert(!std::is_copy_assignable_v<Counter>);
   static_assert(!std::is_default_constructible_v<Counter>);
+}
+
+TEST_F(ManagerTest, IsDestroyedByDestroyAlone) {
+  static_assert(!std::is_destructible_v<Counter>);
+  static_assert(!std::is_destructible_v<Manager<Counter>>);
 }
 
 }  // namespace

@@ -53,31 +53,52 @@ TEST(FormatSignificant, KeepsFourDigits) {
       {1.2345e15,  "1234000000000000"},
       {4294967296, "4294000000"      },
   };
-  for (const auto& row : kRows) EXPECT_EQ(FormatSignificant(row.value, 4).Get(), row.text);
+  for (const auto& row : kRows) EXPECT_EQ(FormatSignificant(row.value, 4U).Get(), row.text);
+}
+
+// Kept on purpose: the text has the value of the number.
+TEST(FormatSignificant, KeepsTheValueOfTheNumber) {
+  const struct {
+    double value;
+    const char* text;
+  } kRows[] = {
+      {0.05,      "0.05000"  }, // two multiplications by ten, one zero
+      {0.5,       "0.5000"   }, // one, and none
+      {0.0001234, "0.0001234"}, // four, and three
+      {12.996,    "13.00"    }, // carries into the integer part
+      {999.96,    "1000"     }, // and into a digit more, which leaves no fraction
+      {1234.6,    "1235"     }, // no point
+      {1234,      "1234"     },
+      {0,         "0.0000"   },
+  };
+  for (const auto& row : kRows) {
+    EXPECT_EQ(FormatSignificant(row.value, 4U).Get(), row.text);
+    EXPECT_NEAR(std::stod(row.text), row.value, row.value * 0.0005);  // half of the fourth digit
+  }
 }
 
 TEST(FormatSignificant, NegativeNumbersHaveASignInFront) {
   for (const double value : {1.5, 0.05, 0.99996, 9.9996, 12345.0, 1e15}) {
-    EXPECT_EQ(FormatSignificant(-value, 4).Get(), "-" + FormatSignificant(value, 4).Get());
+    EXPECT_EQ(FormatSignificant(-value, 4U).Get(), "-" + FormatSignificant(value, 4U).Get());
   }
-  EXPECT_EQ(FormatSignificant(-0.99996, 4).Get(), "-1.000");
+  EXPECT_EQ(FormatSignificant(-0.99996, 4U).Get(), "-1.000");
 }
 
 TEST(FormatSignificant, EndsForEveryNumber) {
   using Limits = std::numeric_limits<double>;
-  EXPECT_EQ(FormatSignificant(s_double::NaN(), 4).Get(), "nan");
-  EXPECT_EQ(FormatSignificant(Limits::infinity(), 4).Get(), "inf+");
-  EXPECT_EQ(FormatSignificant(-Limits::infinity(), 4).Get(), "inf-");
-  EXPECT_EQ(FormatSignificant(Limits::max(), 4).Get(), "1797" + std::string(305, '0'));
-  EXPECT_EQ(FormatSignificant(Limits::denorm_min(), 4).Get(),
+  EXPECT_EQ(FormatSignificant(s_double::NaN(), 4U).Get(), "nan");
+  EXPECT_EQ(FormatSignificant(Limits::infinity(), 4U).Get(), "inf+");
+  EXPECT_EQ(FormatSignificant(-Limits::infinity(), 4U).Get(), "inf-");
+  EXPECT_EQ(FormatSignificant(Limits::max(), 4U).Get(), "1797" + std::string(305, '0'));
+  EXPECT_EQ(FormatSignificant(Limits::denorm_min(), 4U).Get(),
             "0." + std::string(323, '0') + "4941");
-  EXPECT_EQ(FormatSignificant(-1e-300, 4).Get(), "-0." + std::string(299, '0') + "1000");
+  EXPECT_EQ(FormatSignificant(-1e-300, 4U).Get(), "-0." + std::string(299, '0') + "1000");
 }
 
 TEST(FormatSignificant, TakesOtherNumbersOfDigits) {
   const struct {
     double value;
-    int digits;
+    unsigned int digits;
     const char* text;
   } kRows[] = {
       {0,         1,  "0.0"                },

@@ -57,6 +57,22 @@ concept ComparesWithNumbers = requires(T a, int b) {
   a < b;
 };
 template <class T>
+concept Less = requires(T a, T b) {
+  a < b;
+};
+template <class T>
+concept LessOrEqual = requires(T a, T b) {
+  a <= b;
+};
+template <class T>
+concept Greater = requires(T a, T b) {
+  a > b;
+};
+template <class T>
+concept GreaterOrEqual = requires(T a, T b) {
+  a >= b;
+};
+template <class T>
 concept Increments = requires(T a) {
   ++a;
 };
@@ -84,6 +100,20 @@ TEST(SBool, HasNoArithmetic) {
   static_assert(Multiplies<bool> && !Multiplies<s_bool>);
   static_assert(ComparesWithNumbers<bool> && !ComparesWithNumbers<s_bool>);
   static_assert(Increments<int> && !Increments<s_bool>);
+}
+
+TEST(SBool, HasNoOrder) {
+  static_assert(Less<bool> && !Less<s_bool>);
+  static_assert(LessOrEqual<bool> && !LessOrEqual<s_bool>);
+  static_assert(Greater<bool> && !Greater<s_bool>);
+  static_assert(GreaterOrEqual<bool> && !GreaterOrEqual<s_bool>);
+}
+
+TEST(SBool, IsEqualToTheSameTruthValue) {
+  EXPECT_TRUE(kTrue == s_bool(true));
+  EXPECT_TRUE(kFalse == s_bool(false));
+  EXPECT_FALSE(kTrue == kFalse);
+  EXPECT_TRUE(kTrue != kFalse);
 }
 
 }  // namespace

@@ -164,7 +164,29 @@ TEST(SInt, SignedValuesCompareBelowZero) {
   EXPECT_EQ(Dump(s_int(3) - s_int(5)), "-2");
 }
 
+TEST(SInt, IsMadeFromItsOwnIntegerAlone) {
+  static_assert(std::is_convertible_v<unsigned int, s_uint>);
+  static_assert(std::is_convertible_v<int, s_int>);
+  static_assert(std::is_convertible_v<unsigned long, s_ulong>);
+  static_assert(!std::is_constructible_v<s_uint, int>);  // s_uint u = -1
+  static_assert(!std::is_constructible_v<s_uint, long>);
+  static_assert(!std::is_constructible_v<s_uint, unsigned long>);
+  static_assert(!std::is_constructible_v<s_uint, char>);
+  static_assert(!std::is_constructible_v<s_int, unsigned int>);
+  static_assert(!std::is_constructible_v<s_int, s_uint>);
+  static_assert(!std::is_assignable_v<s_uint&, int>);
+}
+
+TEST(SInt, IsNotMadeFromAFraction) {
+  static_assert(!std::is_constructible_v<s_uint, double>);  // s_uint u = 2.7
+  static_assert(!std::is_constructible_v<s_uint, float>);
+  static_assert(!std::is_constructible_v<s_int, double>);
+  static_assert(!std::is_assignable_v<s_uint&, double>);
+}
+
 TEST(SInt, IsNotMadeFromATruthValueOrText) {
+  static_assert(!std::is_constructible_v<s_uint, bool>);  // s_uint u = true
+  static_assert(!std::is_constructible_v<s_int, bool>);
   static_assert(!std::is_constructible_v<s_uint, s_bool>);
   static_assert(!std::is_constructible_v<s_uint, const char*>);
   static_assert(!std::is_convertible_v<s_uint, unsigned int>);

@@ -6,6 +6,9 @@
 #include <type_traits>
 #include <utility>
 
+#include "tests/support/sanitizers.h"
+#include "utils/pool.h"
+
 namespace Quarn {
 namespace {
 
@@ -24,6 +27,35 @@ struct Node {
 
 struct Leaf : Node {};
 
+}  // namespace
+
+// All pointers of one kind are friends of one another, so this one reaches the counts of others: it
+// stands for a weak holder, of which there is none yet.
+template <>
+class s_refptr<void> {
+ public:
+  explicit s_refptr(const s_refptr<Node>& pointer)
+      : strong_(pointer.strong_), weak_(pointer.weak_) {
+    ++*weak_;
+  }
+
+  unsigned int GetStrongCount() const { return *strong_; }
+  unsigned int GetWeakCount() const { return *weak_; }
+
+  // The last to hold the counts frees them.
+  void FreeCounts() { Pool::Free(strong_, s_refptr<Node>::kCounts); }
+
+  static const void* FindCounts(const s_refptr<Node>& pointer) { return pointer.strong_; }
+
+ private:
+  unsigned int* strong_;
+  unsigned int* weak_;
+};
+
+namespace {
+
+using WeakHolder = s_refptr<void>;
+
 class SRefptr : public testing::Test {
  protected:
   SRefptr() { Node::alive = 0; }
@@ -36,6 +68,10 @@ TEST_F(SRefptr, IsNullUntilItIsGivenAnObject) {
   EXPECT_FALSE(static_cast<bool>(null));
   EXPECT_EQ(null.Get(), nullptr);
   EXPECT_EQ(null.GetCount(), 0U);
+}
+
+TEST_F(SRefptr, TheNumberOfOwnersIsAnSUint) {
+  static_assert(std::is_same_v<decltype(s_refptr<Node>().GetCount()), s_uint>);
 }
 
 TEST_F(SRefptr, ANullObjectMakesANullPointer) {
@@ -176,6 +212,34 @@ TEST_F(SRefptr, APointerToTheBaseSharesObjectAndCounts) {
   node = s_refptr<Leaf>(new Leaf);
   EXPECT_EQ(node.GetCount(), 1U);
   EXPECT_EQ(Node::alive, 1);
+}
+
+TEST_F(SRefptr, TheWeakCountKeepsTheCountsButNotTheObject) {
+  s_refptr<Node> owner(new Node);
+  WeakHolder weak(owner);
+  EXPECT_EQ(weak.GetStrongCount(), 1U);
+  s_refptr<Node> other = owner;
+  EXPECT_EQ(weak.GetStrongCount(), 2U);
+  EXPECT_EQ(owner.GetCount(), 2U);  // weak holders are no owners
+  owner = s_refptr<Node>();
+  EXPECT_EQ(Node::alive, 1);
+  EXPECT_EQ(weak.GetStrongCount(), 1U);
+  other = s_refptr<Node>();
+  EXPECT_EQ(Node::alive, 0);
+  EXPECT_EQ(weak.GetStrongCount(), 0U);  // still there, and tells that the object is gone
+  EXPECT_EQ(weak.GetWeakCount(), 1U);
+  weak.FreeCounts();
+}
+
+TEST_F(SRefptr, BothCountsAreFreedWithTheLastOwner) {
+  if (kSanitized) GTEST_SKIP() << "the sanitizer watches over the blocks, and none is used again";
+  s_refptr<Node> owner(new Node);
+  const void* counts = WeakHolder::FindCounts(owner);
+  owner = s_refptr<Node>();
+  // The pool hands out first what was given back last; the object is not from the pool.
+  void* block = Pool::Allocate(2 * sizeof(unsigned int));
+  EXPECT_EQ(block, counts);
+  Pool::Free(block, 2 * sizeof(unsigned int));
 }
 
 TEST_F(SRefptr, AnObjectMayBeConst) {

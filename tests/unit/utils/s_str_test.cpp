@@ -42,6 +42,31 @@ TYPED_TEST(SStr, LiteralsAreWidenedByteByByte) {
   EXPECT_EQ(Widen("\xFF").Get()[0], 0xFFU);
 }
 
+// A character above 0x7F is the same one whether it stands in a literal or alone.
+TYPED_TEST(SStr, ACharacterOfAByteIsWidenedAsInALiteral) {
+  using Str = s_str_t<TypeParam>;
+  const Str literal = "a\xE9";
+  Str text = "a";
+  text += '\xE9';
+  EXPECT_TRUE(text == literal);
+  text = "a";
+  text.Append('\xE9');
+  EXPECT_TRUE(text == literal);
+  EXPECT_TRUE(Str("a") + '\xE9' == literal);
+  EXPECT_EQ(text.Trim('\xE9').Get(), 1U);
+  EXPECT_EQ(Dump(text), "a");
+  EXPECT_EQ(text.Trim('\xE8').Get(), 0U);
+}
+
+TEST(SUstr, CharactersOfItsOwnAreTakenAsTheyAre) {
+  s_ustr text;
+  text += 0xE9U;
+  text.Append(0x1F600U);
+  EXPECT_TRUE((text + 0xFFFFFFE9U).Get() == (s_ustr::String{0xE9U, 0x1F600U, 0xFFFFFFE9U}));
+  EXPECT_EQ(text.Trim(0x1F600U).Get(), 1U);
+  EXPECT_TRUE(text == s_ustr("\xE9"));
+}
+
 TYPED_TEST(SStr, Concatenates) {
   using Str = s_str_t<TypeParam>;
   const TypeParam exclamation_mark = '!';
@@ -53,8 +78,8 @@ TYPED_TEST(SStr, Concatenates) {
   Str text = a;
   text += b;
   text += exclamation_mark;
-  text.Append(b.GetView()).Append(exclamation_mark);
-  EXPECT_EQ(Dump(text), "abcd!cd!");
+  text.Append(b.GetView()).Append(exclamation_mark).Append("e");
+  EXPECT_EQ(Dump(text), "abcd!cd!e");
   text = a;
   text += text;
   EXPECT_EQ(Dump(text), "abab");
@@ -67,14 +92,17 @@ TYPED_TEST(SStr, ComparesExactly) {
     const char *a, *b;
     bool equal, less, greater;
   } kRows[] = {
-      {"",   "",    true,  false, false},
-      {"ab", "ab",  true,  false, false},
-      {"ab", "AB",  false, false, true }, // capitals stand first
-      {"ab", "ac",  false, true,  false},
-      {"ab", "abc", false, true,  false}, // a shorter prefix stands first
-      {"",   "a",   false, true,  false},
-      {"b",  "ab",  false, false, true },
-      {"a ", "a",   false, false, true },
+      {"",      "",     true,  false, false},
+      {"ab",    "ab",   true,  false, false},
+      {"ab",    "AB",   false, false, true }, // capitals stand first
+      {"ab",    "ac",   false, true,  false},
+      {"ab",    "abc",  false, true,  false}, // a shorter prefix stands first
+      {"",      "a",    false, true,  false},
+      {"b",     "ab",   false, false, true },
+      {"a ",    "a",    false, false, true },
+      {"\x7F",  "\x80", false, true,  false}, // a byte above 0x7F is no negative number
+      {"a\xE9", "ab",   false, false, true },
+      {"\xE9",  "\xFF", false, true,  false},
   };
   for (const auto& row : kRows) {
     SCOPED_TRACE(std::string(row.a) + " and " + row.b);

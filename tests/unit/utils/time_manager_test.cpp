@@ -1,5 +1,4 @@
-// Tests of TimeManager: clock, steps and rates, play time and profiling, in a time that is moved by
-// hand.
+// Tests of TimeManager: clock, steps and rates, and play time, in a time that is moved by hand.
 #include "utils/time_manager.h"
 
 #include <limits>
@@ -8,7 +7,6 @@
 
 #include "tests/support/dump.h"
 #include "tests/support/hand_clock.h"
-#include "tests/support/printed_lines.h"
 
 namespace Quarn {
 namespace {
@@ -42,6 +40,7 @@ TEST_F(TimeManagerTest, IsOneAndAPlainClass) {
   EXPECT_EQ(&TimeManager::Get(), &TimeManager::Get());
   static_assert(!std::is_polymorphic_v<TimeManager>);
   static_assert(!std::is_copy_constructible_v<TimeManager>);
+  static_assert(!std::is_destructible_v<TimeManager>);  // but by Destroy
 }
 
 TEST_F(TimeManagerTest, StartsWithAStepAndWithoutRates) {
@@ -162,6 +161,39 @@ TEST_F(TimeManagerTest, VeryShortStepsCountAsTenThousand) {
   }
 }
 
+// Only below 0.0001 s is a step too short to tell a rate.
+TEST_F(TimeManagerTest, ShortStepsCountAsTheirOwnRate) {
+  const struct {
+    double step;
+    unsigned int rate;  // the mean of that of the step and 1
+  } kRows[] = {
+      {0.0001, 5000}, // 10000
+      {0.0002, 2500}, // 5000
+      {0.0005, 1000}, // 2000
+      {0.001,  500 }, // 1000
+      {0.002,  250 }, // 500
+      {0.005,  100 }, // 200
+      {0.01,   50  }, // 100
+  };
+  for (const auto& row : kRows) {
+    HandClock::now = 0;
+    TimeManager::Get().Initialise();
+    Step(row.step);
+    Step(1.25);  // 0.8: 1
+    EXPECT_EQ(TimeManager::Get().GetRate().Get(), row.rate) << row.step;
+  }
+}
+
+TEST_F(TimeManagerTest, AStepTooShortToMeasureIsTakenFromTheRateOfTheLastPeriod) {
+  TimeManager::Get().Initialise();
+  for (int i = 0; i < 17; ++i) Step(0.0625);
+  for (int i = 0; i < 3; ++i) Step(0.5);
+  for (int i = 0; i < 5; ++i) Step(0.25);
+  EXPECT_EQ(Rates(), "4 7 16 2");
+  Step(0.0);
+  EXPECT_EQ(TimeManager::Get().GetStep().Get(), 0.25);
+}
+
 TEST_F(TimeManagerTest, WithoutInitialiseStepsAreKeptButNoRates) {
   Step(0.5);
   Step(2.0);
@@ -201,86 +233,26 @@ TEST(FormatPlayTime, GivesHoursMinutesAndSeconds) {
     double seconds;
     const char* text;
   } kRows[] = {
-      {0,          "[0:00:00]"    },
-      {9.999,      "[0:00:09]"    }, // begun seconds do not count
-      {59.999,     "[0:00:59]"    },
-      {60,         "[0:01:00]"    },
-      {3599.9,     "[0:59:59]"    },
-      {3600,       "[1:00:00]"    },
-      {36610,      "[10:10:10]"   },
-      {359999,     "[99:59:59]"   },
-      {360000,     "[100:00:00]"  },
-      {-1,         "[inf:inf:inf]"},
-      {-0.5,       "[inf:inf:inf]"},
-      {1e308 * 10, "[inf:inf:inf]"},
+      {0,            "[0:00:00]"      },
+      {9.999,        "[0:00:09]"      }, // begun seconds do not count
+      {59.999,       "[0:00:59]"      },
+      {60,           "[0:01:00]"      },
+      {3599.9,       "[0:59:59]"      },
+      {3600,         "[1:00:00]"      },
+      {36610,        "[10:10:10]"     },
+      {359999,       "[99:59:59]"     },
+      {360000,       "[100:00:00]"    },
+      {4294967295,   "[1193046:28:15]"}, // the most seconds that an s_uint counts
+      {4294967295.9, "[1193046:28:15]"},
+      {4294967296,   "[inf:inf:inf]"  },
+      {4294967301,   "[inf:inf:inf]"  },
+      {1e20,         "[inf:inf:inf]"  },
+      {-1,           "[inf:inf:inf]"  },
+      {-0.5,         "[inf:inf:inf]"  },
+      {1e308 * 10,   "[inf:inf:inf]"  },
   };
   for (const auto& row : kRows) EXPECT_EQ(FormatPlayTime(row.seconds).Get(), row.text);
   EXPECT_EQ(FormatPlayTime(s_double::NaN()).Get(), "[nan:nan:nan]");
-}
-
-TEST_F(TimeManagerTest, ProfiledTimeLiesBetweenSwitchingOnAndOff) {
-  TimeManager& manager = TimeManager::Get();
-  HandClock::now = 10;
-  manager.SetProfiling(true);
-  EXPECT_TRUE(manager.IsProfiling());
-  HandClock::now = 12.5;
-  EXPECT_EQ(manager.GetProfiledTime().Get(), 0.0);
-  manager.SetProfiling(false);
-  EXPECT_FALSE(manager.IsProfiling());
-  EXPECT_EQ(manager.GetProfiledTime().Get(), 2.5);
-
-  HandClock::now = 20;
-  manager.SetProfiling(true);
-  EXPECT_EQ(manager.GetProfiledTime().Get(), 2.5);  // the last one, until it is switched off again
-  HandClock::now = 21;
-  manager.SetProfiling(true);
-  HandClock::now = 24;
-  manager.SetProfiling(false);
-  EXPECT_EQ(manager.GetProfiledTime().Get(), 3.0);
-  HandClock::now = 25;
-  manager.SetProfiling(false);
-  EXPECT_EQ(manager.GetProfiledTime().Get(), 4.0);
-}
-
-TEST_F(TimeManagerTest, GroupsAndProfilersAreMadeOnFirstUse) {
-  TimeManager& manager = TimeManager::Get();
-  Profiler& first = manager.GetProfiler("b", "x");
-  Profiler& other = manager.GetProfiler("a", "x");
-  EXPECT_NE(&first, &other);
-  EXPECT_EQ(&manager.GetProfiler("b", "x"), &first);
-  std::string groups;
-  for (const auto& [name, group] : manager.GetProfilerGroups()) groups += name.Get() + "|";
-  EXPECT_EQ(groups, "a|b|");
-}
-
-TEST_F(TimeManagerTest, PrintsTheReportOfAScene) {
-  const PrintedLines printed;
-  TimeManager& manager = TimeManager::Get();
-  { const Chrono before(manager.GetProfiler("frame", "draw")); }
-  HandClock::now = 100;
-  manager.SetProfiling(true);
-  for (const double seconds : {0.0625, 0.125, 0.0625}) {
-    const Chrono chrono(manager.GetProfiler("frame", "draw"));
-    HandClock::now += seconds;
-  }
-  HandClock::now = 102;
-  manager.SetProfiling(false);
-  EXPECT_EQ(printed.Get(), "");
-  manager.PrintReport();
-  EXPECT_EQ(printed.Get(),
-            "# Profiling info : 2 s of profiling\n"
-            "# Profiling info for group [frame] : 0.25 s of profiling\n"
-            "  - draw :\n"
-            "     - call number     : 4 (1 not timed)\n"
-            "     - total time      : 0.2500 s (12.50% of total)\n"
-            "     - average time    : 83.33 ms\n"
-            "     - highest time    : 125.0 ms\n"
-            "     - lowest time     : 62.50 ms\n"
-            "     - listing records :\n"
-            "        [0] : 62.50 ms\n"
-            "        [1] : 125.0 ms\n"
-            "        [2] : 62.50 ms\n"
-            "# end.\n");
 }
 
 }  // namespace

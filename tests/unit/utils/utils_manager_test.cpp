@@ -4,8 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <type_traits>
 
 #include "tests/support/dump.h"
+#include "utils/profiler.h"
+#include "utils/time_manager.h"
+#include "utils/timer.h"
 
 namespace Quarn {
 namespace {
@@ -64,10 +68,15 @@ TEST_F(UtilsManagerTest, WarningsAndErrorsNameTheirSource) {
   }
 }
 
-TEST_F(UtilsManagerTest, ClassNameIsASource) {
+TEST_F(UtilsManagerTest, EveryClassIsASourceUnderItsOwnName) {
   UtilsManager::Get().SetPrintFunction(&Print);
-  UtilsManager::Get().Warning(UtilsManager::kClassName, "x");
-  EXPECT_EQ(printed, "# Warning # : UtilsManager : x|");
+  for (const char* source : {UtilsManager::kClassName, TimeManager::kClassName, Timer::kClassName,
+                             PeriodicTimer::kClassName, Profiler::kClassName, Chrono::kClassName}) {
+    UtilsManager::Get().Warning(source, "x");
+  }
+  EXPECT_EQ(printed,
+            "# Warning # : UtilsManager : x|# Warning # : TimeManager : x|# Warning # : Timer : x|"
+            "# Warning # : PeriodicTimer : x|# Warning # : Profiler : x|# Warning # : Chrono : x|");
 }
 
 TEST_F(UtilsManagerTest, ANullPrintFunctionDropsAgain) {
@@ -83,6 +92,18 @@ TEST_F(UtilsManagerTest, DestroyForgetsThePrintFunction) {
   UtilsManager::Destroy();
   UtilsManager::Get().Print("a");
   EXPECT_EQ(printed, "");
+}
+
+template <class T>
+concept IsDeletedByAnyone = requires(T* object) {
+  delete object;
+};
+
+TEST_F(UtilsManagerTest, IsDeletedByDestroyAlone) {
+  static_assert(IsDeletedByAnyone<std::string>);
+  static_assert(!IsDeletedByAnyone<UtilsManager>);  // delete &UtilsManager::Get()
+  static_assert(!IsDeletedByAnyone<Manager<UtilsManager>>);
+  static_assert(!std::is_destructible_v<UtilsManager>);
 }
 
 // A warning from an object that is made before main has the manager and every text it needs.
