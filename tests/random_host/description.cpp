@@ -27,19 +27,52 @@ std::string List(const std::vector<std::string>& texts) {
 
 std::string Show(const Body& body, Outcome outcome) {
   switch (outcome) {
+    case Outcome::kValue:
+      return "value";
+    case Outcome::kWarning:
+      return "warning";
+    case Outcome::kFirst:
+      return "first";
+    case Outcome::kLast:
+      return "last";
+    case Outcome::kKept:
+      return "kept";
     case Outcome::kReference:
       return "reference &" + body.reference;
     case Outcome::kEvaluate:
       return "evaluate '" + body.expression + "'";
     case Outcome::kApply:
       return "apply " + body.op;
-    default:
+    case Outcome::kFailure:
+      return "failure";
+    case Outcome::kSilence:
+      return "silence";
+    case Outcome::kNull:
+      return "null";
+    case Outcome::kNone:
+      return "none";
+    case Outcome::kTwo:
+      return "two";
+    case Outcome::kTakenBack:
+      return "taken back";
+  }
+  return "";
+}
+
+std::string Show(const LiteralTexts& texts) {
+  switch (texts.form) {
+    case LiteralTexts::Form::kNone:
+      return "no literals";
+    case LiteralTexts::Form::kMarkDigits:
+      return "'" + texts.mark + "' and digits";
+    case LiteralTexts::Form::kDigitsMark:
+      return "digits and '" + texts.mark + "'";
+    case LiteralTexts::Form::kBegin:
+      return "what begins with '" + texts.mark + "'";
+    case LiteralTexts::Form::kEnd:
       break;
   }
-  static const char* const kNames[] = {"value", "warning", "first", "last",      "kept",
-                                       "",      "",        "",      "failure",   "silence",
-                                       "null",  "none",    "two",   "taken back"};
-  return kNames[static_cast<std::size_t>(outcome)];
+  return "what ends with '" + texts.mark + "'";
 }
 
 std::string Show(const Body& body) {
@@ -114,10 +147,8 @@ std::string FailureOf(const Body& body) { return "\tError : " + body.label + " h
 std::string WarningOf(const Body& body) { return "\tWarning : " + body.label + " is not sure"; }
 
 std::string Show(const Description& host, const LiteralRow& row) {
-  static const char* const kForms[] = {"no literals", "mark and digits", "digits and mark",
-                                       "begins with", "ends with"};
-  return host.types[row.type].name + " : " + kForms[static_cast<std::size_t>(row.texts.form)] +
-         " '" + row.texts.mark + "', starts '" + row.texts.starts + "'" + Show(row.body);
+  const std::string starts = row.texts.starts.empty() ? "" : ", starts '" + row.texts.starts + "'";
+  return host.types[row.type].name + ", of " + Show(row.texts) + starts + Show(row.body);
 }
 
 std::string Show(const OperatorRow& row) {

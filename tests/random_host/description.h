@@ -23,12 +23,13 @@ enum class Outcome {
   kFirst,      // its first operand itself; a new value when there is none
   kLast,       // the same of the last
   kKept,       // an object that the host keeps, and gives out each time
-  kReference,  // a reference
+  kReference,  // a reference to a fixed expression
   kEvaluate,   // what an expression comes to, evaluated by the body
   kApply,      // what an operator makes of its operands, applied by the body
   kFailure,    // a failure with words
   kSilence,    // a failure without words
-  kNull,       // a null value, though nothing is said to have failed; only of functions, as
+  // Of functions alone:
+  kNull,       // a result that is null
   kNone,       // no result
   kTwo,        // two results
   kTakenBack,  // a result, and a failure without words

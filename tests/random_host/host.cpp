@@ -13,20 +13,20 @@ namespace {
 
 Host* the_host = nullptr;
 
-template <std::size_t kType>
+template <std::size_t Type>
 TypeRow RowOfType() {
   TypeRow row;
-  row.create = [](const s_str& name) { return the_host->CreateEmpty(kType, name); };
-  row.is_literal = [](const s_str& text) -> s_bool { return the_host->IsLiteral(kType, text); };
+  row.create = [](const s_str& name) { return the_host->CreateEmpty(Type, name); };
+  row.is_literal = [](const s_str& text) -> s_bool { return the_host->IsLiteral(Type, text); };
   row.create_from = [](State&, const s_str& name, const s_str& text, s_str& error) {
-    return the_host->CreateFrom(kType, name, text, error);
+    return the_host->CreateFrom(Type, name, text, error);
   };
   return row;
 }
 
 TypeRow RowOfType(std::size_t type) {
-  static const auto kRows = []<std::size_t... kType>(std::index_sequence<kType...>) {
-    return std::array{&RowOfType<kType>...};
+  static const auto kRows = []<std::size_t... Types>(std::index_sequence<Types...>) {
+    return std::array{&RowOfType<Types>...};
   }
   (std::make_index_sequence<kTypes>());
   return kRows[type]();
