@@ -156,7 +156,7 @@ Description Describe(Dice& dice) {
       {"Cha",  ValueClass::kChanging, "c", true,          false      },
       {"Held", ValueClass::kHeld,     "h", true,          false      },
       {"Heir", ValueClass::kHeir,     "i", true,          false      },
-      {"Zed",  ValueClass::kPlain,    "z", true,          false      },
+      {"Zed",  ValueClass::kHeir,     "z", true,          false      },
   };
   std::copy(std::begin(types), std::end(types), description.types.begin());
   for (std::size_t i = 0; i < kTypes; ++i) {

@@ -50,7 +50,7 @@ enum class ValueClass {
   kPlain,     // one class for several types: the type is a member
   kChanging,  // the type depends on the value
   kHeld,      // from types/holder.h
-  kHeir,      // derived from that, with a type of its own
+  kHeir,      // derived from that, for several types
 };
 
 struct HostType {

@@ -19,32 +19,58 @@ Body BodyOf(const std::string& label, Outcome outcome, const std::string& type =
   return body;
 }
 
+// Between a value of the type and a Scalar.
+OperatorRow Plus(const std::string& type, Outcome outcome) {
+  return {Position::kBinary, type, "+", "Scalar", BodyOf("plus of " + type, outcome)};
+}
+
+FunctionRow Maker(const std::string& name, const std::string& type) {
+  return {name, {}, BodyOf(name, Outcome::kValue, type)};
+}
+
+FunctionRow What(const std::string& type) {
+  return {"what", {type}, BodyOf("what of " + type, Outcome::kFirst)};
+}
+
+FunctionRow WithoutArguments(const std::string& name, Outcome outcome) {
+  return {name, {}, BodyOf(name, outcome)};
+}
+
+FunctionRow OfScalar(const std::string& name, Outcome outcome) {
+  return {name, {"Scalar"}, BodyOf(name, outcome)};
+}
+
+// Ka takes the numbers that begin with a 3 and go on.
 Description MakeDescription() {
-  using Form = LiteralTexts::Form;
   Description description;
   description.types[0] = {"Ka", ValueClass::kPlain, "k"};
   description.types[1] = {"Held", ValueClass::kHeld, "h"};
   description.types[2] = {"Heir", ValueClass::kHeir, "i"};
+  description.types[3] = {"Zed", ValueClass::kHeir, "z"};
+  const LiteralTexts threes = {LiteralTexts::Form::kMarkDigits, "3", "3"};
   description.literals = {
-      {0, {Form::kMarkDigits, "3", "3"}, BodyOf("three", Outcome::kValue, "Ka")},
+      LiteralRow{0, threes, BodyOf("three", Outcome::kValue, "Ka")}
   };
   description.operators = {
-      {Position::kBinary, "Held",   "+", "Scalar", BodyOf("plus",       Outcome::kLast)   },
-      {Position::kBinary, "Heir",   "+", "Scalar", BodyOf("other plus", Outcome::kFirst)  },
-      {Position::kBehind, "Scalar", "!", "",       BodyOf("mute",       Outcome::kSilence)},
+      Plus("Held", Outcome::kLast),
+      Plus("Heir", Outcome::kFirst),
+      Plus("Zed", Outcome::kLast),
+      OperatorRow{Position::kBehind, "Scalar", "!", "", BodyOf("mute", Outcome::kSilence)},
   };
   description.functions = {
-      {"held",                {}, BodyOf("held", Outcome::kValue,            "Held")},
-      {"heir",                     {},                  BodyOf("heir",         Outcome::kValue,     "Heir")},
-      {"what",              {"Held"},                BodyOf("what held",                        Outcome::kFirst)                        },
-      {"what",     {"Heir"},       BodyOf("what heir",Outcome::kLast)},
-      {"mute",      {"Scalar"},        BodyOf("mute",                         Outcome::kSilence)                                                      },
-      {"null",   {},     BodyOf("null",Outcome::kNull)},
-      {"none",      {},        BodyOf("none",                            Outcome::kNone)                                                                                          },
-      {"two",      {},        BodyOf("two",Outcome::kTwo)},
-      {"back",       {},         BodyOf("back",                            Outcome::kTakenBack)                                                                                                                               },
-      {"tap", {"Scalar"},   BodyOf("tap",Outcome::kFirst)},
-      {"sure",     {"Scalar"},       BodyOf("sure",                               Outcome::kFailure)                                                                                                                                                                         },
+      Maker("held", "Held"),
+      Maker("heir", "Heir"),
+      Maker("zed", "Zed"),
+      What("Held"),
+      What("Heir"),
+      What("Zed"),
+      WithoutArguments("null", Outcome::kNull),
+      WithoutArguments("none", Outcome::kNone),
+      WithoutArguments("two", Outcome::kTwo),
+      WithoutArguments("back", Outcome::kTakenBack),
+      OfScalar("mute", Outcome::kSilence),
+      OfScalar("tap", Outcome::kFirst),
+      OfScalar("fail", Outcome::kFailure),
   };
   return description;
 }
@@ -130,17 +156,19 @@ TEST_F(FixedHost, HearsNothingOfAFailureWithoutWords) {
 
 TEST_F(FixedHost, IsToldApartByTheNamesOfItsTypes) {
   for (int round = 0; round < 2; ++round) {
-    EXPECT_EQ(LabelsOfCalls("what(held())"), "held, what held");
-    EXPECT_EQ(LabelsOfCalls("what(heir())"), "heir, what heir");
-    EXPECT_EQ(LabelsOfCalls("held()+1"), "held, plus");
-    EXPECT_EQ(LabelsOfCalls("heir()+1"), "heir, other plus");
+    EXPECT_EQ(LabelsOfCalls("what(held())"), "held, what of Held");
+    EXPECT_EQ(LabelsOfCalls("what(heir())"), "heir, what of Heir");
+    EXPECT_EQ(LabelsOfCalls("what(zed())"), "zed, what of Zed");
+    EXPECT_EQ(LabelsOfCalls("held()+1"), "held, plus of Held");
+    EXPECT_EQ(LabelsOfCalls("heir()+1"), "heir, plus of Heir");
+    EXPECT_EQ(LabelsOfCalls("zed()+1"), "zed, plus of Zed");
   }
 }
 
 TEST_F(FixedHost, IsCalledFromLeftToRightUpToTheFirstFailure) {
   Expect("tap(1)+tap(2)*tap(3)", "Scalar 7\n\ntap(1)\ntap(2)\ntap(3)\n");
-  Expect("tap(1)*sure(2)+tap(3)", "null\n\tError : sure has no answer\ntap(1)\nsure(2)\n");
-  Expect("<tap(1), sure(2), tap(3)>", "null\n\tError : sure has no answer\ntap(1)\nsure(2)\n");
+  Expect("tap(1)*fail(2)+tap(3)", "null\n\tError : fail has no answer\ntap(1)\nfail(2)\n");
+  Expect("<tap(1), fail(2), tap(3)>", "null\n\tError : fail has no answer\ntap(1)\nfail(2)\n");
   // A reference that fails is evaluated as an operand, then for its text in the deferred operation,
   // and that twice: for its type and for its text.
   Expect("tap(1)+(&tap(tap(2)*x))",

@@ -219,7 +219,7 @@ s_refptr<Symbol> Host::NewOfHost(const std::string& type_name, const s_str& name
     case ValueClass::kHeld:
       return s_refptr<Symbol>(new Held(name, payload));
     case ValueClass::kHeir:
-      return s_refptr<Symbol>(new Heir(name, payload));
+      return s_refptr<Symbol>(new Heir(types_[type], name, payload));
     case ValueClass::kPlain:
     case ValueClass::kChanging:
       break;

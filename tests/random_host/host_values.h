@@ -34,12 +34,18 @@ class Held : public Holder<Held, std::string> {
   using Holder::Holder;
 };
 
-// Another type, made of the one above by overriding what must differ and no more.
+// Of other types again, made of the class above by overriding what must differ and no more.
 class Heir : public Held {
  public:
-  using Held::Held;
-  s_str GetType() const override { return "Heir"; }
+  // The type must outlive the value.
+  Heir(const HostType& type, const s_str& name, const std::string& payload)
+      : Held(name, payload), type_(&type) {}
+
+  s_str GetType() const override { return type_->name; }
   s_refptr<Symbol> Clone() const override { return s_refptr<Symbol>(new Heir(*this)); }
+
+ private:
+  const HostType* type_;
 };
 
 }  // namespace Quarn::random_host
