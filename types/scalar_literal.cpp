@@ -40,7 +40,7 @@ double ReadNumberLiteral(std::string_view text) {
     } else if (*at == '.' && !point) {
       point = at;
     } else if (IsExponent(at, end)) {
-      return ReadDouble(text).value;
+      return ReadDouble(text).value.Get();
     } else {
       return std::numeric_limits<double>::quiet_NaN();
     }
@@ -48,9 +48,9 @@ double ReadNumberLiteral(std::string_view text) {
   // What has so many characters did not overflow, and is read by now.
   constexpr std::ptrdiff_t kMostCharacters = 19;
   const std::ptrdiff_t count = end - begin;
-  if (count > kMostCharacters || count == (point ? 1 : 0)) return ReadDouble(text).value;
+  if (count > kMostCharacters || count == (point ? 1 : 0)) return ReadDouble(text).value.Get();
   const double size = MakeOrdinary(digits, point ? static_cast<int>(end - point - 1) : 0);
-  if (std::isnan(size)) return ReadDouble(text).value;
+  if (std::isnan(size)) return ReadDouble(text).value.Get();
   return is_signed && *trimmed.data() == '-' ? -size : size;
 }
 

@@ -65,8 +65,9 @@ TEST(IsNumberLiteral, AgreesWithAPatternOnEveryShortText) {
 void ExpectAsConverted(const std::string& text) {
   const double number = ReadNumberLiteral(text);
   ASSERT_FALSE(std::isnan(number)) << text;
-  EXPECT_EQ(number, ReadDouble(text).value) << text;
-  EXPECT_EQ(std::signbit(number), std::signbit(ReadDouble(text).value)) << text;
+  const double expected = ReadDouble(text).value.Get();
+  EXPECT_EQ(number, expected) << text;
+  EXPECT_EQ(std::signbit(number), std::signbit(expected)) << text;
 }
 
 TEST(ReadNumberLiteral, GivesTheNumberThatTheTextConversionGives) {
