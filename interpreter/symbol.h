@@ -80,8 +80,8 @@ class Symbol {
   static void* operator new(std::size_t size, std::align_val_t alignment) {
     return ::operator new(size, alignment);
   }
-  static void operator delete(void* block, std::size_t size, std::align_val_t alignment) noexcept {
-    ::operator delete(block, size, alignment);
+  static void operator delete(void* block, std::size_t, std::align_val_t alignment) noexcept {
+    ::operator delete(block, alignment);
   }
 
  protected:
@@ -100,7 +100,7 @@ class Symbol {
   Symbol(const Symbol& other) : Symbol(other, FixedType()) {}
 
  private:
-  const FixedType fixed_type_;
+  const FixedType fixed_type_ = {};
   s_str name_;
   s_str value_text_;
 };

@@ -47,7 +47,7 @@ class Unreadable {
 // Positions in a text have 32 bits; it was cut to its size modulo 2^32, which may be a good text.
 TEST(Limits, ATextOfFourGibibytesOrMoreIsTooLong) {
   Session session;
-  for (std::size_t more : {0, 1, 3}) {
+  for (std::size_t more : {0U, 1U, 3U}) {
     const Unreadable text((std::size_t{1} << 32) + more);
     if (!text.IsThere()) GTEST_SKIP() << "no room for such a text";
     s_str error = "\tError : Another";
