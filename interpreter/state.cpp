@@ -12,11 +12,17 @@ bool MayBeginLiteral(const TypeRow& type, char start) {
   return type.literal_starts.empty() || type.literal_starts.find(start) != std::string_view::npos;
 }
 
+// A State may be made before main, and before the object of this file that sets the streams up.
+std::ostream& StandardOutput() {
+  static const std::ios_base::Init streams;
+  return std::cout;
+}
+
 s_refptr<Symbol> CreateSymbol(const s_str& name) { return s_refptr<Symbol>(new Symbol(name)); }
 
 }  // namespace
 
-State::State() : State(std::cout, std::cin) {}
+State::State() : State(StandardOutput(), std::cin) {}
 
 State::State(std::ostream& out, std::istream& in) : out_(out), in_(in) {
   AddType({Symbol::kType, CreateSymbol});
