@@ -2,13 +2,7 @@
 
 #include <algorithm>
 
-#include "utils/text_hash.h"
-
 namespace Quarn {
-
-std::uint32_t SymbolTable::Hash(std::string_view name) {
-  return static_cast<std::uint32_t>(TextHash()(name));
-}
 
 void SymbolTable::Set(const s_str& name, s_refptr<Symbol> value) {
   if (name.GetView() == kLastResult) return SetLastResult(std::move(value));

@@ -11,6 +11,7 @@
 
 #include "interpreter/symbol.h"
 #include "utils/s_ctnr.h"
+#include "utils/text_hash.h"
 
 namespace Quarn {
 
@@ -59,7 +60,9 @@ class SymbolTable {
     std::uint32_t place = kFree;  // among the entries
   };
 
-  static std::uint32_t Hash(std::string_view name);
+  std::uint32_t Hash(std::string_view name) const {
+    return static_cast<std::uint32_t>(hash_(name));
+  }
   std::size_t Next(std::size_t slot) const { return (slot + 1) & (slots_.size() - 1); }
   // The slot of the name, or the free one where it would stand. REQUIRES: there is a free one.
   std::size_t FindSlot(std::string_view name, std::uint32_t hash) const {
@@ -74,6 +77,7 @@ class SymbolTable {
   void Grow();
   void Vacate(std::size_t slot);
 
+  TextHash hash_;
   std::deque<Entry> entries_;
   std::vector<Slot> slots_;  // a power of two, a quarter of them free at least
   s_refptr<Symbol> last_result_;

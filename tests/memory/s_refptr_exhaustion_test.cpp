@@ -1,8 +1,9 @@
 // Tests of s_refptr when there is no memory for its counts.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <new>
+#include <utility>
+#include <vector>
 
 #include "tests/memory/scarce_memory.h"
 #include "utils/s_refptr.h"
@@ -26,15 +27,20 @@ bool MakeWithoutMemoryForCounts(s_refptr<Object>& pointer) {
   return !ScarceMemory::Stop();
 }
 
-// The pool has counts in store; it is asked until it has none.
+// The pool has counts in store, more of them after other tests; it is asked until it has none.
 TEST(SRefptrExhaustion, DeletesTheObjectThatItCannotShare) {
-  std::array<s_refptr<Object>, 2000> pointers;
-  std::size_t made = 0;
-  while (made < pointers.size() && MakeWithoutMemoryForCounts(pointers[made])) ++made;
-  ASSERT_LT(made, pointers.size());
-  EXPECT_TRUE(pointers[made].IsNull());
+  constexpr std::size_t kMoreThanAnyStore = 10'000'000;
+  deleted = 0;
+  std::vector<s_refptr<Object>> pointers;
+  s_refptr<Object> pointer;
+  while (pointers.size() < kMoreThanAnyStore && MakeWithoutMemoryForCounts(pointer)) {
+    pointers.push_back(std::move(pointer));
+  }
+  ASSERT_LT(pointers.size(), kMoreThanAnyStore);
+  EXPECT_TRUE(pointer.IsNull());
   EXPECT_EQ(deleted, 1);
-  pointers = {};
+  const std::size_t made = pointers.size();
+  pointers.clear();
   EXPECT_EQ(deleted, static_cast<int>(made) + 1);
 }
 

@@ -1,0 +1,30 @@
+#include "utils/text_hash.h"
+
+#include <unistd.h>
+
+#include <chrono>
+
+namespace Quarn {
+namespace {
+
+TextHash::Key DrawKey() {
+  TextHash::Key key;
+  if (getentropy(key.data(), sizeof key) == 0) return key;
+  // GCOVR_EXCL_START: only where the system has no random numbers.
+  const auto now = std::chrono::system_clock::now().time_since_epoch().count();
+  key = {static_cast<std::uint64_t>(now), reinterpret_cast<std::uintptr_t>(&key),
+         reinterpret_cast<std::uintptr_t>(&DrawKey), static_cast<std::uint64_t>(getpid())};
+  for (std::uint64_t& part : key) part = TextHash(key)(std::string_view("key"));
+  return key;
+  // GCOVR_EXCL_STOP
+}
+
+}  // namespace
+
+// Drawn on first use, which may be before main.
+const TextHash::Key& TextHash::GetProcessKey() {
+  static const Key key = DrawKey();
+  return key;
+}
+
+}  // namespace Quarn
