@@ -25,12 +25,6 @@ std::ostream& StandardOutput() {
   return std::cout;
 }
 
-// A State may be made before main, and before the object of this file that sets the streams up.
-std::ostream& StandardOutput() {
-  static const std::ios_base::Init streams;
-  return std::cout;
-}
-
 s_refptr<Symbol> CreateSymbol(const s_str& name) { return s_refptr<Symbol>(new Symbol(name)); }
 
 }  // namespace
