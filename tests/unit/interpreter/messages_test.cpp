@@ -41,8 +41,7 @@ TEST(Messages, SayWhatTheyAreGiven) {
   EXPECT_EQ(OnlyAlphanumericNames("a b").Get(),
             "\tError : Only alphanumeric names are allowed for symbols, in 'a b'");
   EXPECT_EQ(UnknownType("Foo").Get(), "\tError : Unknown type 'Foo'");
-  EXPECT_EQ(NameOutOfReach("7").Get(),
-            "\tError : No expression can ask for a symbol named '7'");
+  EXPECT_EQ(NameOutOfReach("7").Get(), "\tError : No expression can ask for a symbol named '7'");
   EXPECT_EQ(NoValueToSet("x").Get(), "\tError : No value to give to symbol 'x'");
   EXPECT_EQ(EraseAllSymbols().Get(),
             "\tWarning : This command will erase all symbols.\n"
