@@ -14,6 +14,11 @@
 
 namespace Quarn {
 
+// As the standard containers count. NaN and INF are past the end.
+constexpr std::size_t ToPlace(s_uint index) {
+  return index.IsValid() ? index.Get() : static_cast<std::size_t>(-1);
+}
+
 template <class T, class C>
 class s_ctnr_t {
  public:
@@ -46,11 +51,6 @@ class s_ctnr_t {
   auto end() const { return elements_.end(); }
 
  private:
-  // NaN and INF are past the end.
-  static constexpr std::size_t ToPlace(s_uint index) {
-    return index.IsValid() ? index.Get() : static_cast<std::size_t>(-1);
-  }
-
   C elements_;
 };
 
