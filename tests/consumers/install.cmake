@@ -1,5 +1,5 @@
 # Installs a build below a prefix that is made new. With -D source=<tree>, first builds the shared
-# library and the program from it, unoptimised, which is quicker.
+# library and the program from it, unoptimised and as a unity build, which is quicker.
 #   cmake -D build=<directory> -D prefix=<directory> [-D source= -D compiler=] -P install.cmake
 cmake_minimum_required(VERSION 3.21)
 
@@ -8,7 +8,7 @@ function(run)
 endfunction()
 
 if(source)
-  run(${CMAKE_COMMAND} -S ${source} -B ${build} -DBUILD_SHARED_LIBS=ON -DCMAKE_BUILD_TYPE=Debug
+  run(${CMAKE_COMMAND} -S ${source} -B ${build} -DBUILD_SHARED_LIBS=ON -DCMAKE_BUILD_TYPE=Debug -DCMAKE_UNITY_BUILD=ON
     -DCMAKE_CXX_COMPILER=${compiler} -DCMAKE_CXX_FLAGS=-O0)
   run(${CMAKE_COMMAND} --build ${build})
 endif()
