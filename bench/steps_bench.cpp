@@ -4,9 +4,10 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "bench/host.h"
-#include "interpreter/source.h"
+#include "interpreter/core.h"
 #include "types/scalar.h"
 #include "utils/s_str_convert.h"
 
@@ -15,27 +16,25 @@ namespace {
 
 void MatchBrackets(benchmark::State& run) {
   const std::string text = Repeat("(a+b)*v[1]-<1, 2>", run.range(0));
-  BracketRoom room;
-  for (auto _ : run) benchmark::DoNotOptimize(Source(text, room).CountBrackets());
+  std::vector<Bracket> storage;
+  for (auto _ : run) benchmark::DoNotOptimize(BracketIndex(text, storage).GetSize());
   run.SetBytesProcessed(run.iterations() * static_cast<std::int64_t>(text.size()));
 }
 BENCHMARK(MatchBrackets)->Range(1, 4096);
 
-void CutAtOperators(benchmark::State& run) {
+void ReadExpression(benchmark::State& run) {
+  Host host;
   const std::string text = Repeat("abc+12.5*(a-b)-", run.range(0)) + "1";
-  BracketRoom room;
-  const Source source(text, room);
+  const Registries& registries = host.state.GetCore().registries;
+  ReaderStorage storage;
+  Program program;
   for (auto _ : run) {
-    Piece rest(source);
-    while (true) {
-      benchmark::DoNotOptimize(rest.CutBefore(CharacterClass::kOperator));
-      if (rest.IsEmpty()) break;
-      rest.DropFirst();
-    }
+    program.Clear();
+    benchmark::DoNotOptimize(Reader(registries, storage, text, {}).Read(program, text.size()));
   }
   run.SetBytesProcessed(run.iterations() * static_cast<std::int64_t>(text.size()));
 }
-BENCHMARK(CutAtOperators)->Range(1, 4096);
+BENCHMARK(ReadExpression)->Range(1, 4096);
 
 void CutByTest(benchmark::State& run) {
   Host host;
@@ -106,7 +105,7 @@ BENCHMARK(MakeAndDropANumber);
 void CopyAVector(benchmark::State& run) {
   Host host;
   host.state.ProcessLine("v=<" + Repeat("1, ", run.range(0) - 1) + "1>");
-  const s_refptr<Symbol> vector = *host.state.GetSymbols().Find("v");
+  const s_refptr<Symbol> vector = host.state.GetSymbol("v");
   for (auto _ : run) benchmark::DoNotOptimize(vector->Clone());
 }
 BENCHMARK(CopyAVector)->Range(8, 1 << 15);

@@ -1,156 +1,242 @@
 // The application of operators to values: find the implementation for the operands' types, resolve
-// references, call it, or say that there is none. Resolving may evaluate, and so lead here again:
-// see leaf.cpp about what that takes of the stack.
-#include "interpreter/builtins.h"
+// references, call it, or say that there is none.
+#include <algorithm>
+
+#include "interpreter/machine_entry.h"
 #include "interpreter/messages.h"
-#include "interpreter/state.h"
+#include "interpreter/registries.h"
 
 namespace Quarn {
 namespace {
 
-// An operand in a message or a deferred operation: its value if it is a temporary.
-s_str TextOf(const Symbol& operand) {
-  return operand.GetName().IsEmpty() ? operand.ToString() : s_str();
-}
-
-[[gnu::noinline]] bool HasNoValueYet(const Symbol& value) {
-  return value.GetType().GetView() == kReferenceType;
-}
-
+// What is registered for the type of a value.
 template <class Entries>
-[[gnu::noinline]] const typename Entries::mapped_type* FindType(const Entries& entries,
-                                                                const Symbol& value) {
-  const auto found = entries.find(value.GetType());
+const typename Entries::mapped_type* FindType(const Entries& entries, const s_str& type) {
+  const auto found = entries.find(type);
   return found == entries.end() ? nullptr : &found->second;
-}
-
-[[gnu::noinline]] s_refptr<Symbol> Invoke(const BinaryOperator& body, s_refptr<Symbol>& left,
-                                          s_refptr<Symbol>& right, s_str& error) {
-  return body(std::move(left), std::move(right), error);
-}
-
-[[gnu::noinline]] s_refptr<Symbol> Invoke(const UnaryOperator& body, s_refptr<Symbol>& operand,
-                                          s_str& error) {
-  return body(std::move(operand), error);
-}
-
-// The messages for operands without an implementation; types first, then texts, left before right.
-[[gnu::noinline]] s_refptr<Symbol> FailToMatch(std::string_view op, const Symbol& left,
-                                               const Symbol& right, s_str& error) {
-  const s_str left_type = left.GetType();
-  const s_str right_type = right.GetType();
-  const s_str left_text = TextOf(left);
-  const s_str right_text = TextOf(right);
-  AddError(error, messages::NoBinaryMatch(op, left_type, right_type, left_text, right_text));
-  return {};
-}
-
-using UnaryMessage = s_str (*)(std::string_view op, const s_str& type, const s_str& operand);
-[[gnu::noinline]] s_refptr<Symbol> FailToMatch(UnaryMessage message, std::string_view op,
-                                               const Symbol& operand, s_str& error) {
-  const s_str type = operand.GetType();
-  AddError(error, message(op, type, TextOf(operand)));
-  return {};
 }
 
 }  // namespace
 
-s_refptr<Symbol> State::ApplyBinaryOperator(std::string_view op, s_refptr<Symbol> left,
-                                            s_refptr<Symbol> right, s_str& error) {
-  if (depth_.IsOutside()) {
-    return RunOutermost(error, [&] { return ApplyBinaryOperator(op, left, right, error); });
+// The left operand is resolved first, and the right one only if the left has an implementation.
+// The operands are on the stack; of the stages, 2 begins when the left one is resolved.
+Machine::Step Machine::Binary(std::size_t op) {
+  if (Top().description) return Describe(op, Code::kBinary, false);
+  if (const RegisteredBinary* entry = FindCommon(op, operands_[1], operands_[0])) {
+    Top().value = operands_[1];
+    return Invoke(*entry, Operand(operands_[0]));
   }
-  const std::size_t known = FindOperator(op);
-  if (known == kOperators) return SearchBinary(op, left, right, error);
-  ApplyBinary(known, left, right, error);
-  return left;
-}
-
-void State::ApplyBinary(std::size_t op, s_refptr<Symbol>& left, s_refptr<Symbol>& right,
-                        s_str& error) {
-  const BinaryImplementation* known = FindRemembered(op, *left, *right);
-  if (!known) {
-    left = SearchBinary(kPriorities[op].text, left, right, error);
-  } else if (known->in_place) {
-    known->in_place(left, right);
-  } else {
-    left = Invoke(*known->body, left, right, error);
+  const Registries::ByLeft* by_left = registries_.FindBinary(GetOp(op));
+  if (!by_left) return Describe(op, Code::kBinary, false);
+  Resolved kind = Resolved::kValue;
+  Top().stage = std::max(Top().stage, 1U);
+  if (Top().stage < 2) {
+    Operand value;
+    if (!Resolve(Operand(operands_[1]), value, kind)) return Stop();
+    if (kind == Resolved::kNothing) return Describe(op, Code::kBinary, false);
+    Top().value = std::move(value);
+    Top().stage = 2;
   }
-}
-
-s_refptr<Symbol> State::SearchBinary(std::string_view op, const s_refptr<Symbol>& left,
-                                     const s_refptr<Symbol>& right, s_str& error) {
-  const auto by_left = binary_.find(op);
-  if (by_left == binary_.end()) return FailToMatch(op, *left, *right, error);
-  s_refptr<Symbol> left_value = Resolve(left);
-  if (depth_.IsExhausted()) return {};
-  if (!left_value) return FailToMatch(op, *left, *right, error);
-  if (HasNoValueYet(*left_value)) return Defer(op, *left, *right);
-  const auto* by_right = FindType(by_left->second, *left_value);
-  if (!by_right) return FailToMatch(op, *left, *right, error);
-  s_refptr<Symbol> right_value = Resolve(right);
-  if (depth_.IsExhausted()) return {};
-  if (!right_value) return FailToMatch(op, *left, *right, error);
-  if (HasNoValueYet(*right_value)) return Defer(op, *left, *right);
-  const BinaryOperator* body = FindType(*by_right, *right_value);
-  if (!body) return FailToMatch(op, *left, *right, error);
-  Remember(op, *left, *right, *body);
-  return Invoke(*body, left_value, right_value, error);
-}
-
-// Only values that stand for themselves are remembered: a reference is another value next time.
-void State::Remember(std::string_view op, const Symbol& left, const Symbol& right,
-                     const BinaryOperator& body) {
-  const std::size_t known = FindOperator(op);
-  if (!left.GetFixedType() || !right.GetFixedType() || known == kOperators) return;
-  const auto* in_place = body.target<InPlaceOperator>();
-  binary_dispatch_.Remember(known, left.GetFixedType().Get(), right.GetFixedType().Get(),
-                            {&body, in_place ? in_place->body : nullptr});
-}
-
-[[gnu::noinline]] s_refptr<Symbol> State::Defer(std::string_view op, const Symbol& left,
-                                                const Symbol& right) {
-  s_str expression = "(";
-  expression += TextOf(left);
-  expression.Append(")").Append(op).Append("(");
-  expression += TextOf(right);
-  expression += ')';
-  return NewReference(*this, Symbol::NoName(), expression.GetView());
-}
-
-// The implementation for an operand, which becomes the value that it stands for; null, and the
-// operand as it was, when there is none.
-const UnaryOperator* State::SearchUnary(const UnaryRegistry& registry, std::string_view op,
-                                        s_refptr<Symbol>& operand) const {
-  const auto by_type = registry.find(op);
-  if (by_type == registry.end()) return nullptr;
-  s_refptr<Symbol> value = Resolve(operand);
-  if (!value || depth_.IsExhausted()) return nullptr;
-  const UnaryOperator* body = FindType(by_type->second, *value);
-  if (body) operand.Swap(value);
-  return body;
-}
-
-s_refptr<Symbol> State::ApplyRightUnaryOperator(std::string_view op, s_refptr<Symbol> operand,
-                                                s_str& error) {
-  if (depth_.IsOutside()) {
-    return RunOutermost(error, [&] { return ApplyRightUnaryOperator(op, operand, error); });
+  // A number on the left of an operator of numbers has an implementation.
+  const BinaryOnNumbers on_numbers = registries_.GetOnNumbers(op);
+  const bool is_number = on_numbers && Top().value.IsNumber();
+  const Registry<RegisteredBinary>* by_right = nullptr;
+  if (!is_number) {
+    const s_str type = Operand(Top().value).GetType();
+    if (type.GetView() == kReferenceType) return Describe(op, Code::kBinary, true);
+    by_right = FindType(*by_left, type);
+    if (!by_right) return Describe(op, Code::kBinary, false);
   }
-  const UnaryOperator* body = SearchUnary(right_unary_, op, operand);
-  if (body) return Invoke(*body, operand, error);
-  return depth_.IsExhausted() ? s_refptr<Symbol>()
-                              : FailToMatch(messages::NoRightUnaryMatch, op, *operand, error);
+  Operand right;
+  if (!Resolve(Operand(operands_[0]), right, kind)) return Stop();
+  if (kind == Resolved::kNothing) return Describe(op, Code::kBinary, false);
+  if (is_number && right.IsNumber()) {
+    const double result = on_numbers(Top().value.GetNumber(), right.GetNumber());
+    operands_.Drop(2);
+    operands_.Push(result);
+    return Step::kNext;
+  }
+  const s_str right_type = right.GetType();
+  if (right_type.GetView() == kReferenceType) return Describe(op, Code::kBinary, true);
+  if (is_number) by_right = &by_left->find(std::string_view(kNumberType))->second;
+  const RegisteredBinary* entry = FindType(*by_right, right_type);
+  if (!entry) return Describe(op, Code::kBinary, false);
+  return Invoke(*entry, std::move(right));
 }
 
-s_refptr<Symbol> State::ApplyLeftUnaryOperator(std::string_view op, s_refptr<Symbol> operand,
-                                               s_str& error) {
-  if (depth_.IsOutside()) {
-    return RunOutermost(error, [&] { return ApplyLeftUnaryOperator(op, operand, error); });
+// The implementation between numbers and lists; null when an operand is neither.
+const RegisteredBinary* Machine::FindCommon(std::size_t op, const Operand& left,
+                                            const Operand& right) const {
+  const bool left_is_list = left.IsList();
+  const bool right_is_list = right.IsList();
+  if (!left_is_list && !left.IsNumber()) return nullptr;
+  if (!right_is_list && !right.IsNumber()) return nullptr;
+  return registries_.FindBinary(op, left_is_list, right_is_list);
+}
+
+// The implementation may register another in its own place while it runs, so it is copied.
+Machine::Step Machine::Invoke(const RegisteredBinary& entry, Operand right) {
+  if (entry.purity == Purity::kImpure) Top().is_impure = true;
+  if (const BinaryOnOperands on_operands = entry.on_operands) {
+    const Operand left = std::exchange(Top().value, Operand());
+    operands_.Drop(2);
+    std::optional<Operand> result = on_operands(state_, left, right, GetError());
+    if (!result || abort_ != Abort::kNone) return Step::kFailed;
+    operands_.Push(std::move(*result));
+    return Step::kNext;
   }
-  const UnaryOperator* body = SearchUnary(left_unary_, op, operand);
-  if (body) return Invoke(*body, operand, error);
-  return depth_.IsExhausted() ? s_refptr<Symbol>()
-                              : FailToMatch(messages::NoLeftUnaryMatch, op, *operand, error);
+  const BinaryOperator body = entry.body;
+  s_refptr<Symbol> left = std::exchange(Top().value, Operand()).Take();
+  operands_.Drop(2);
+  s_refptr<Symbol> result = body(std::move(left), right.Take(), GetError());
+  return FinishCall(0, std::move(result));
+}
+
+// Puts the result of an operator in the place of its operands. Within an expression it has no name;
+// an operator on its own may give it one.
+Machine::Step Machine::FinishCall(std::size_t operands, s_refptr<Symbol> result) {
+  if (!result || abort_ != Abort::kNone) return Step::kFailed;
+  if (!result->GetName().IsEmpty() && Top().op.empty()) result->SetName(Symbol::NoName());
+  operands_.Drop(operands);
+  operands_.Push(std::move(result));
+  return Step::kNext;
+}
+
+Machine::Step Machine::Unary(Code kind, std::size_t op) {
+  if (Top().description) return Describe(op, kind, false);
+  const Registries::Unary& registry =
+      kind == Code::kLeftUnary ? registries_.GetLeftUnary() : registries_.GetRightUnary();
+  if (registry.on_numbers[op] && operands_[0].IsNumber()) {
+    operands_[0].SetNumber(registry.on_numbers[op](operands_[0].GetNumber()));
+    return Step::kNext;
+  }
+  const auto by_type = registry.by_text.find(GetOp(op));
+  if (by_type == registry.by_text.end()) return Describe(op, kind, false);
+  Operand value;
+  Resolved resolved;
+  if (!Resolve(Operand(operands_[0]), value, resolved)) return Stop();
+  if (resolved == Resolved::kNothing) return Describe(op, kind, false);
+  const RegisteredUnary* entry = FindType(by_type->second, value.GetType());
+  if (!entry) return Describe(op, kind, false);
+  if (entry->purity == Purity::kImpure) Top().is_impure = true;
+  const UnaryOperator body = entry->body;
+  operands_.Drop(1);
+  s_refptr<Symbol> result = body(value.Take(), GetError());
+  return FinishCall(0, std::move(result));
+}
+
+// ---- Operators on their own ----
+
+namespace {
+
+// A program for each operator that applies it to what is on the stack.
+class Applications {
+ public:
+  explicit Applications(Code kind) {
+    for (std::size_t op = 0; op <= kOperators; ++op) {
+      programs_[op].code.push_back(
+          {.code = kind, .op = static_cast<std::uint8_t>(op), .position = 0, .number = 0});
+      programs_[op].code.push_back({.code = Code::kEnd, .position = 0, .number = 0});
+    }
+  }
+
+  const Program& operator[](std::size_t op) const { return programs_[op]; }
+
+ private:
+  Program programs_[kOperators + 1];
+};
+
+bool IsReference(const s_refptr<Symbol>& value) {
+  return value->GetKind() == Symbol::Kind::kReference;
+}
+
+}  // namespace
+
+// Between values that stand for themselves nothing is asked that could be suspended. Vectors in
+// vectors come here for each level: the rest is noinline, so that little of it is on the stack.
+s_refptr<Symbol> Machine::ApplyBinary(std::string_view op, s_refptr<Symbol> left,
+                                      s_refptr<Symbol> right, s_str& error) {
+  if (!depth_.IsIdle() && !IsReference(left) && !IsReference(right)) {
+    const Depth::Level level(depth_);
+    if (!level.IsGranted()) abort_ = Abort::kTooDeep;
+    if (abort_ != Abort::kNone) return {};
+    const BinaryOperator body = FindBody(op, *left, *right);
+    if (body) return body(std::move(left), std::move(right), error);
+  }
+  return RunBinary(op, left, right, error);
+}
+
+[[gnu::noinline]] s_refptr<Symbol> Machine::RunBinary(std::string_view op,
+                                                      const s_refptr<Symbol>& left,
+                                                      const s_refptr<Symbol>& right, s_str& error) {
+  static const Applications applications(Code::kBinary);
+  const Operand operands[] = {Operand(left), Operand(right)};
+  return RunAlone(applications[FindOperator(op)], operands, op, error);
+}
+
+// Empty when there is none.
+[[gnu::noinline]] BinaryOperator Machine::FindBody(std::string_view op, const Symbol& left,
+                                                   const Symbol& right) {
+  const Registries::ByLeft* by_left = registries_.FindBinary(op);
+  if (!by_left) return {};
+  const auto* by_right = FindType(*by_left, left.GetType());
+  if (!by_right) return {};
+  const RegisteredBinary* entry = FindType(*by_right, right.GetType());
+  if (!entry) return {};
+  if (entry->purity == Purity::kImpure && !frames_.empty()) Top().is_impure = true;
+  return entry->body;
+}
+
+s_refptr<Symbol> Machine::ApplyUnary(Code kind, std::string_view op, s_refptr<Symbol> operand,
+                                     s_str& error) {
+  if (!depth_.IsIdle() && !IsReference(operand)) {
+    const Depth::Level level(depth_);
+    if (!level.IsGranted()) abort_ = Abort::kTooDeep;
+    if (abort_ != Abort::kNone) return {};
+    const UnaryOperator body = FindBody(kind, op, *operand);
+    if (body) return body(std::move(operand), error);
+  }
+  return RunUnary(kind, op, operand, error);
+}
+
+[[gnu::noinline]] s_refptr<Symbol> Machine::RunUnary(Code kind, std::string_view op,
+                                                     const s_refptr<Symbol>& operand,
+                                                     s_str& error) {
+  static const Applications left(Code::kLeftUnary);
+  static const Applications right(Code::kRightUnary);
+  const Operand operands[] = {Operand(operand)};
+  return RunAlone((kind == Code::kLeftUnary ? left : right)[FindOperator(op)], operands, op, error);
+}
+
+[[gnu::noinline]] UnaryOperator Machine::FindBody(Code kind, std::string_view op,
+                                                  const Symbol& operand) {
+  const Registries::Unary& registry =
+      kind == Code::kLeftUnary ? registries_.GetLeftUnary() : registries_.GetRightUnary();
+  const auto by_type = registry.by_text.find(op);
+  if (by_type == registry.by_text.end()) return {};
+  const RegisteredUnary* entry = FindType(by_type->second, operand.GetType());
+  if (!entry) return {};
+  if (entry->purity == Purity::kImpure && !frames_.empty()) Top().is_impure = true;
+  return entry->body;
+}
+
+s_refptr<Symbol> Machine::RunAlone(const Program& program, std::span<const Operand> operands,
+                                   std::string_view op, s_str& error) {
+  Entry entry(*this);
+  const s_uint reported = error.GetSize();
+  if (!entry.IsGranted()) {
+    AddAbort(error);
+    return {};
+  }
+  for (const Operand& operand : operands) operands_.Push(operand);
+  Frame& frame = PushFrame(program, {}, Symbol::NoName());
+  frame.op = op;
+  frame.error = &error;
+  if (Run(entry.GetBase())) return operands_[0].Take();
+  if (abort_ == Abort::kNone) return {};
+  error = error.ExtractCount(0U, reported);
+  AddAbort(error);
+  return {};
 }
 
 }  // namespace Quarn

@@ -1,6 +1,7 @@
 // The cutting of an expression by a test of the caller's, for types whose literals need it. The
 // evaluator itself looks at pieces in place, with the same rules; see source.h.
 #include "interpreter/messages.h"
+#include "interpreter/priorities.h"
 #include "interpreter/state.h"
 
 namespace Quarn {

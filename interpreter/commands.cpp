@@ -1,14 +1,16 @@
-// The command lines: cuts a line at ";", tells by its characters what each piece asks for, carries
-// it out and prints what there is to say. Pieces are not trimmed before they are told apart, and
-// the first "=", ":" and "&" count wherever they stand: "~x=3" is an assignment, to a bad name.
+// The command lines. Pieces are not trimmed before they are told apart, and the first "=", ":" and
+// "&" count wherever they stand: "~x=3" is an assignment, to a bad name.
+#include "interpreter/commands.h"
+
 #include <istream>
 #include <ostream>
 #include <string>
 #include <utility>
 
-#include "interpreter/builtins.h"
+#include "interpreter/core.h"
 #include "interpreter/messages.h"
 #include "interpreter/state.h"
+#include "utils/s_str_convert.h"
 #include "utils/trim.h"
 
 namespace Quarn {
@@ -16,12 +18,8 @@ namespace {
 
 constexpr std::size_t kNowhere = std::string_view::npos;
 
-// The room for a line of output that is kept for the next one.
+// Of a line of output, what is kept for the next one.
 constexpr std::size_t kMostKept = std::size_t{1} << 20;
-
-bool IsAlphanumeric(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
 
 // Does the text end with the character, and hold it nowhere else?
 bool EndsWithFirst(std::string_view text, char c) {
@@ -30,36 +28,15 @@ bool EndsWithFirst(std::string_view text, char c) {
 
 }  // namespace
 
-bool State::IsName(std::string_view text) {
-  for (char c : text) {
-    if (!IsAlphanumeric(c)) return false;
-  }
-  return true;
-}
-
-s_bool State::CheckName(std::string_view name, s_str& error) {
-  if (IsName(name)) return true;
-  AddError(error, name == "_" ? messages::LastResultNotAssignable()
-                              : messages::OnlyAlphanumericNames(name));
-  return false;
-}
-
-void State::ProcessLine(const s_str& line) {
-  DropReplaced();
-  std::string_view rest = line.GetView();
-  while (!rest.empty()) {
-    const std::string_view command = rest.substr(0, rest.find(';'));
-    rest.remove_prefix(std::min(command.size() + 1, rest.size()));
-    if (command.empty() || command.starts_with("//")) continue;
-    {
-      const Depth::Level level(depth_);
-      ProcessCommand(command);
-    }
-    if (depth_.IsOutside()) workspace_.GiveBack();
+void Commands::ProcessLine(std::string_view line) {
+  while (!line.empty()) {
+    const std::string_view command = line.substr(0, line.find(';'));
+    line.remove_prefix(std::min(command.size() + 1, line.size()));
+    if (!command.empty() && !command.starts_with("//")) ProcessCommand(command);
   }
 }
 
-void State::ProcessCommand(std::string_view command) {
+void Commands::ProcessCommand(std::string_view command) {
   const std::size_t equals = command.find('=');
   if (equals != kNowhere)
     return ProcessEquals(command.substr(0, equals), command.substr(equals + 1));
@@ -69,13 +46,13 @@ void State::ProcessCommand(std::string_view command) {
   if (command.front() == '~') return Delete(command.substr(1));
   if (command == "?") {
     PrintHelp();
-    return SetLastResult({});
+    return ForgetLastResult();
   }
   if (command.front() == '?') return Query(command.substr(1));
   PrintExpression(command);
 }
 
-void State::ProcessEquals(std::string_view before, std::string_view expression) {
+void Commands::ProcessEquals(std::string_view before, std::string_view expression) {
   // Kept on purpose: "x:=3" does nothing, and says nothing.
   if (EndsWithFirst(before, ':')) return;
   if (EndsWithFirst(before, '&')) {
@@ -84,120 +61,169 @@ void State::ProcessEquals(std::string_view before, std::string_view expression) 
   Assign(before, expression);
 }
 
-void State::DefineReference(std::string_view name, std::string_view expression) {
+void Commands::DefineReference(std::string_view name, std::string_view expression) {
   if (!PassesNameCheck(name = TrimSpaces(name))) return;
-  const s_str own_name(name);
-  const s_refptr<Symbol> reference = NewReference(*this, own_name, expression);
-  Define(own_name, reference->GetDeclaredType(), reference);
+  const s_refptr<Symbol> reference = core_.machine.NewReference(s_str(name), expression);
+  Define(name, reference->GetDeclaredType(), reference);
 }
 
-void State::Assign(std::string_view name, std::string_view expression) {
+void Commands::Assign(std::string_view name, std::string_view expression) {
   if (!PassesNameCheck(name = TrimSpaces(name))) return;
-  const s_str own_name(name);
   s_str error;
-  const s_refptr<Symbol> value = EvaluateText(expression, own_name, error);
-  if (depth_.IsExhausted()) return PrintMessage(messages::NestedTooDeeply());
+  Evaluated result;
+  Place place;
+  const bool has_value =
+      core_.machine.Evaluate(expression, s_str(name), false, result, error, place);
   // A warning refuses the value too.
   if (!error.IsEmpty()) return PrintMessage(error);
-  if (!value) return;
-  Define(own_name, value->GetDeclaredType(), value);
+  if (!has_value) return;
+  if (result.value.IsNumber()) return DefineNumber(name, result);
+  const s_refptr<Symbol>& value = result.value.GetValue();
+  Define(name, value->GetDeclaredType(), value);
 }
 
-void State::Declare(std::string_view name, std::string_view type) {
+void Commands::Declare(std::string_view name, std::string_view type) {
   if (!PassesNameCheck(name = TrimSpaces(name))) return;
-  const auto row = types_.find(type = TrimSpaces(type));
-  if (row == types_.end()) return PrintMessage(messages::UnknownType(type));
-  const s_str own_name(name);
-  const s_refptr<Symbol> value = row->second.create(own_name);
-  Define(own_name, s_str(type), value);
+  const auto row = core_.registries.GetTypes().find(type = TrimSpaces(type));
+  if (row == core_.registries.GetTypes().end()) return PrintMessage(messages::UnknownType(type));
+  Define(name, s_str(type), row->second.create(s_str(name)));
 }
 
-void State::DeleteAll() {
+void Commands::DeleteAll() {
   Print(messages::EraseAllSymbols().GetView());
   Flush();
   std::string answer;
   // At the end of input the answer is empty, as if Enter had been pressed.
   std::getline(in_, answer);
   if (answer.empty() || answer == "y" || answer == "Y") {
-    const s_refptr<Symbol> nothing = NewReference(*this, Symbol::NoName(), "");
-    symbols_.Clear();
-    symbols_.SetLastResult(nothing);  // never absent, even if memory runs out from here on
+    const Operand nothing(Quarn::NewReference(Symbol::NoName(), {}));
+    core_.symbols.Clear();
+    core_.symbols.SetLastResult(nothing);  // never absent, even if memory runs out from here on
     PrintMessage(messages::AllSymbolsErased());
   }
-  SetLastResult({});
+  ForgetLastResult();
 }
 
-void State::Delete(std::string_view name) {
-  if (const s_refptr<Symbol>* symbol = symbols_.Find(name)) {
-    const s_refptr<Symbol> erased = *symbol;
-    s_str message = messages::SymbolErased(erased->GetType().GetView(), name);
-    symbols_.Erase(s_str(name));
-    PrintMessage(std::move(message));
-  } else {
-    PrintMessage(messages::IsUndefined(name));
+void Commands::Delete(std::string_view name) {
+  s_str message = messages::IsUndefined(name);
+  if (Name* symbol = core_.symbols.Find(name)) {
+    const s_refptr<Symbol> erased = core_.symbols.GetObject(*symbol);
+    message = messages::SymbolErased(erased->GetType().GetView(), name);
+    core_.symbols.Erase(name);
   }
-  SetLastResult({});
+  PrintMessage(message);
+  ForgetLastResult();
 }
 
-void State::Query(std::string_view name) {
-  const s_refptr<Symbol>* symbol = symbols_.Find(name);
+void Commands::Query(std::string_view name) {
+  Name* symbol = core_.symbols.Find(name);
   if (!symbol) return PrintMessage(messages::UnknownSymbol(name));
-  const s_refptr<Symbol> queried = *symbol;
-  PrintValue("\t", queried->GetType().GetView(), *queried);
+  if (symbol->IsNumber()) {
+    PrintNumber("\t", core_.symbols.GetNameOfNumber(*symbol), symbol->number);
+  } else {
+    const s_refptr<Symbol> queried = symbol->object;
+    if (!PrintValue("\t", queried->GetType().GetView(), *queried)) return;
+  }
   // Kept on purpose: a query that succeeds forgets the last result, one that fails keeps it.
-  SetLastResult({});
+  ForgetLastResult();
 }
 
-void State::PrintExpression(std::string_view expression) {
+void Commands::PrintExpression(std::string_view expression) {
   s_str error;
-  const s_refptr<Symbol> value = EvaluateText(expression, Symbol::NoName(), error, true);
-  if (depth_.IsExhausted()) return PrintMessage(messages::NestedTooDeeply());
-  if (!value) return PrintMessage(error);
-  const s_str& name = value->GetName();
-  if (name.IsEmpty() || symbols_.Contains(name.GetView())) {
-    PrintValue("\t", value->GetType().GetView(), *value);
-    return SetLastResult(value);
+  Evaluated result;
+  Place place;
+  if (!core_.machine.Evaluate(expression, Symbol::NoName(), true, result, error, place)) {
+    return PrintMessage(error);
+  }
+  if (result.value.IsNumber()) {
+    PrintNumber("\t", {}, result.value.GetNumber());
+    return core_.symbols.SetLastResult(result.value);
+  }
+  const s_refptr<Symbol> value = result.value.GetValue();
+  const s_str name = value->GetName();
+  if (name.IsEmpty() || core_.symbols.Contains(name.GetView())) {
+    if (!PrintValue("\t", value->GetType().GetView(), *value)) return;
+    return core_.symbols.SetLastResult(result.value);
   }
   // A result with a name of its own, such as a new abstract symbol, is a definition.
   if (!PassesNameCheck(name.GetView())) return;
-  Define(name, value->GetType(), value);
+  Define(name.GetView(), value->GetType(), value);
+}
+
+void Commands::ForgetLastResult() {
+  core_.symbols.SetLastResult(Operand(Quarn::NewReference(Symbol::NoName(), {})));
 }
 
 // Only what has been printed becomes the last result: a value that refers to "_" is shown with the
 // one before it.
-void State::Define(const s_str& name, const s_str& type, const s_refptr<Symbol>& value) {
-  symbols_.Set(name, value);
-  PrintValue("\tDefining ", type.GetView(), *value);
-  SetLastResult(value);
+void Commands::Define(std::string_view name, const s_str& type, const s_refptr<Symbol>& value) {
+  Name* symbol = core_.symbols.Find(name);
+  const s_refptr<Symbol> before = symbol ? core_.symbols.GetObject(*symbol) : s_refptr<Symbol>();
+  core_.symbols.Set(name, value);
+  if (!PrintValue("\tDefining ", type.GetView(), *value)) {
+    return before ? core_.symbols.Set(name, before) : core_.symbols.Erase(name);
+  }
+  Operand result;
+  result.SetObject(value);
+  core_.symbols.SetLastResult(result);
 }
 
-bool State::PassesNameCheck(std::string_view name) {
+void Commands::DefineNumber(std::string_view name, const Evaluated& result) {
+  const double number = result.value.GetNumber();
+  core_.symbols.SetNumber(name, number, result.is_named);
+  if (!result.is_named) name = {};
+  PrintNumber("\tDefining ", name, number);
+  core_.symbols.SetLastResult(result.value, name);
+}
+
+bool Commands::PassesNameCheck(std::string_view name) {
   s_str error;
-  if (CheckName(name, error)) return true;
+  if (State::CheckName(name, error)) return true;
   PrintMessage(error);
   return false;
 }
 
-// Past all that the host has told its stream of widths, fills and the like.
-void State::Print(std::string_view text) {
+// ---- Output ----
+
+void Commands::Flush() { out_.flush(); }
+
+// Unformatted: ignores the stream's width and fill.
+void Commands::Print(std::string_view text) {
   out_.write(text.data(), static_cast<std::streamsize>(text.size()));
 }
 
-void State::PrintMessage(s_str message) {
+void Commands::PrintMessage(s_str message) {
   message += '\n';
   Print(message.GetView());
 }
 
 // The whole line is composed before any of it is printed, since a value may be evaluated for it.
-// Its room is kept for the next one, and is taken out of the State meanwhile for the same reason.
-void State::PrintValue(std::string_view before, std::string_view type, const Symbol& value) {
+// Reuses line_'s capacity; moved out because printing may re-enter.
+// False when it takes more memory than it may; then a message says so.
+bool Commands::PrintValue(std::string_view before, std::string_view type, const Symbol& value) {
   s_str line = std::move(line_);
   line.Clear();
   line.Append(before).Append(type).Append(" : ");
-  value.AppendTo(line);
+  TextWriter writer(line, core_.machine.GetMemoryLimit());
+  if (!WriteOut(writer, value)) {
+    PrintMessage(messages::NestedTooDeeply());
+    return false;
+  }
   line += '\n';
   Print(line.GetView());
   if (line.Get().capacity() <= kMostKept) line_ = std::move(line);
+  return true;
+}
+
+void Commands::PrintNumber(std::string_view before, std::string_view name, double number) {
+  line_.Clear();
+  line_.Append(before).Append(kNumberType).Append(" : ");
+  if (!name.empty()) line_.Append(name).Append(" = ");
+  char digits[kNumberRoom];
+  char* end = WriteDouble(digits, number);
+  *end++ = '\n';
+  line_.Append(std::string_view(digits, static_cast<std::size_t>(end - digits)));
+  Print(line_.GetView());
 }
 
 }  // namespace Quarn

@@ -1,5 +1,5 @@
 // The help screen.
-#include "interpreter/state.h"
+#include "interpreter/commands.h"
 
 namespace Quarn {
 namespace {
@@ -81,7 +81,7 @@ constexpr std::string_view kIndents[] = {"", "   ", "      "};
 
 }  // namespace
 
-void State::PrintHelp() {
+void Commands::PrintHelp() {
   for (const HelpPiece& piece : kHelp) {
     Print(kIndents[piece.indent]);
     Print(piece.text);

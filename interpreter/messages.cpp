@@ -84,6 +84,10 @@ s_str NestedTooDeeply() { return "\tError : Expression is nested too deeply"; }
 
 s_str TooLong() { return "\tError : Expression is too long"; }
 
+s_str LeadsBackToItself(std::string_view expression) {
+  return Join("\tError : Reference '", expression, "' leads back to itself");
+}
+
 s_str SymbolAssignedToSymbol() { return "\tWarning : 'Symbol=Symbol' does nothing"; }
 
 s_str NoBinaryMatch(std::string_view op, const s_str& left_type, const s_str& right_type,

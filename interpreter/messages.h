@@ -32,6 +32,7 @@ s_str NotOneReturnValue();
 s_str EmptyIndex();
 s_str IndexOnNothing();
 s_str NestedTooDeeply();
+s_str LeadsBackToItself(std::string_view expression);  // of a reference in a ring
 s_str TooLong();
 s_str SymbolAssignedToSymbol();  // a warning
 

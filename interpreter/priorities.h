@@ -52,6 +52,15 @@ constexpr bool IsSound(const OperatorPriority (&table)[N]) {
 }
 static_assert(IsSound(kPriorities));
 
+// How many priorities there are at most.
+inline constexpr std::size_t kPriorityCount = [] {
+  std::size_t highest = 0;
+  for (const OperatorPriority& row : kPriorities) {
+    if (row.priority > highest) highest = row.priority;
+  }
+  return highest;
+}();
+
 // How many there are, and the place of "[]".
 inline constexpr std::size_t kOperators = std::size(kPriorities);
 inline constexpr std::size_t kIndexing = 0;

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string_view>
 
 #include "interpreter/symbol.h"
@@ -12,7 +13,8 @@
 
 namespace Quarn {
 
-class Piece;
+class Elements;
+class Operand;
 class State;
 
 // Arguments, results, elements: any list of values.
@@ -21,19 +23,25 @@ using Values = s_ctnr<s_refptr<Symbol>>;
 // A new value of the type that bears the name and is not initialised.
 using Creator = s_refptr<Symbol> (*)(const s_str& name);
 
-// Is this text, without blanks around it, a literal of the type?
-using LiteralTest = s_bool (*)(const s_str& text);
+// Is this text, without blanks around it, a literal of the type? Asked once for each text that is
+// neither a number of the usual form nor holds an operator, when an expression is read.
+using LiteralTest = s_bool (*)(std::string_view text);
 // Builds the value of a literal; a failure gives null and adds its message to the error text.
 using TextConstructor = s_refptr<Symbol> (*)(State&, const s_str& name, const s_str& text,
                                              s_str& error);
 
-// Both at once for a text that still stands in its line, which is spared the copy, and the second
-// search for brackets where a literal holds expressions. False when the text is no literal;
-// otherwise `value`, which comes in as null, is what the constructor would have given, null again
-// for a failure. Must agree with the two above. `spare` is null, or a value that nothing uses any
-// more, which may become the result if nobody else holds it.
-using LiteralInPlace = bool (*)(State&, const s_str& name, const Piece& piece, s_str& error,
-                                s_refptr<Symbol>& spare, s_refptr<Symbol>& value);
+// Two ways for literals whose parts the interpreter can read by itself; REQUIRES, for both: they
+// agree with the literal test and the constructor from text.
+// A number that a text begins with, and where it ends; null when there is none.
+struct NumberPrefix {
+  const char* end;
+  double number;
+};
+// Reads a number of the usual form that begins at `begin`, as far as it goes. What follows a number
+// decides whether the text is one.
+using NumberReader = NumberPrefix (*)(const char* begin, const char* end);
+// The value of a literal in brackets, whose elements are expressions of one type.
+using ListConstructor = s_refptr<Symbol> (*)(const s_str& name, s_refptr<Elements> elements);
 
 // Operators get resolved operands of exactly the types of their row, and return a new unnamed
 // value; null, with a message added to the error text, is a failure.
@@ -41,65 +49,94 @@ using UnaryOperator = std::function<s_refptr<Symbol>(s_refptr<Symbol> operand, s
 using BinaryOperator =
     std::function<s_refptr<Symbol>(s_refptr<Symbol> left, s_refptr<Symbol> right, s_str& error)>;
 
-// A binary operator that cannot fail and leaves its result where its left operand was, as the
-// arithmetic of numbers does. In a chain of them, no value is passed on and none is made: the
-// evaluator knows one that it finds in a BinaryOperator, and calls it directly.
-struct InPlaceOperator {
-  // Makes `left` the unnamed result: the same object, made over, when nobody else holds it. Leaves
-  // `right`.
-  using Body = void (*)(s_refptr<Symbol>& left, const s_refptr<Symbol>& right);
-
-  // As a BinaryOperator.
-  s_refptr<Symbol> operator()(s_refptr<Symbol> left, const s_refptr<Symbol>& right, s_str&) const {
-    body(left, right);
-    return left;
-  }
-
-  Body body;  // what it does
-};
-
 // Functions append their results and return true, or return false with a message added.
 using Function =
     std::function<s_bool(State&, const Values& arguments, Values& results, s_str& error)>;
+
+// The same on plain numbers, for operators and functions on Scalars that neither fail nor need the
+// State: no object is made for them.
+using UnaryOnNumbers = double (*)(double);
+using BinaryOnNumbers = double (*)(double, double);
+// The same on operands, for operators of the types of this library: nothing when it fails.
+using BinaryOnOperands = std::optional<Operand> (*)(State&, const Operand& left,
+                                                    const Operand& right, s_str& error);
+// By how many arguments it takes; the others are null.
+struct FunctionOnNumbers {
+  double (*of_none)() = nullptr;
+  UnaryOnNumbers of_one = nullptr;
+  BinaryOnNumbers of_two = nullptr;
+};
+
+// What is called gives the same for the same, and does nothing beside: a reference that called it
+// may keep its value until something that it read changes.
+enum class Purity : bool { kImpure, kPure };
 
 // A type, for State::AddType.
 struct TypeRow {
   s_str name;  // as GetType returns it
   // How values of the type are made; see the callables above.
-  Creator create;
+  Creator create = nullptr;
   LiteralTest is_literal = nullptr;  // null: the type has no literals
   TextConstructor create_from = nullptr;
-  LiteralInPlace build_in_place = nullptr;  // null: the text is copied
   // The characters with which literals begin; other texts are not looked at. Empty: any.
   s_str literal_starts = {};
+  NumberReader read_number = nullptr;
+  ListConstructor create_list = nullptr;
+  // Is a literal one character and an expression, which a reference keeps?
+  bool keeps_expression = false;
+  Purity purity = Purity::kPure;  // of the constructor from text
 };
 
 // An operator with one operand, for State::AddRightUnary or State::AddLeftUnary.
 struct UnaryRow {
-  // One of the operators of the language, which a build with assertions checks.
-  s_str op;
+  s_str op;       // one of the operators of the language
   s_str operand;  // type
   UnaryOperator body;
+  UnaryOnNumbers on_numbers = nullptr;
+  Purity purity = Purity::kPure;
 };
 
 // An operator between two operands, for State::AddBinary.
 struct BinaryRow {
-  s_str left;           // type
-  s_str op;             // one of the operators of the language
-  s_str right;          // type
-  BinaryOperator body;  // what it does
+  s_str left;   // type
+  s_str op;     // one of the operators of the language
+  s_str right;  // type
+  BinaryOperator body;
+  BinaryOnNumbers on_numbers = nullptr;
+  BinaryOnOperands on_operands = nullptr;
+  Purity purity = Purity::kPure;
 };
 
 // A function for one list of argument types, for State::AddFunctions.
 struct FunctionRow {
   s_str name;               // letters, digits and "_" as a user writes them
   s_ctnr<s_str> arguments;  // types; {""} for a call with empty parentheses
-  Function body;            // what it does
+  Function body;
+  FunctionOnNumbers on_numbers = {};
+  // Unlike operators, functions must say so.
+  Purity purity = Purity::kImpure;
+};
+
+// A callable as it is kept, with what its row says of it.
+struct RegisteredUnary {
+  UnaryOperator body;
+  UnaryOnNumbers on_numbers;
+  Purity purity;
+};
+struct RegisteredBinary {
+  BinaryOperator body;
+  BinaryOnNumbers on_numbers;
+  BinaryOnOperands on_operands;
+  Purity purity;
+};
+struct RegisteredFunction {
+  Function body;
+  FunctionOnNumbers on_numbers;
+  Purity purity;
 };
 
 // The order of registries: by text, asked with a text of any kind.
 struct TextLess {
-  // Any kind of text, as a view.
   using is_transparent = void;
   static std::string_view View(const s_str& text) { return text.GetView(); }
   static std::string_view View(std::string_view text) { return text; }
@@ -112,5 +149,11 @@ struct TextLess {
 // What is found by name, in ascending order.
 template <class T>
 using Registry = std::map<s_str, T, TextLess>;
+
+// Operators by their text, then by the types of their operands from left to right; functions by
+// name, then by signature: "(Scalar, Scalar)".
+using UnaryRegistry = Registry<Registry<RegisteredUnary>>;
+using BinaryRegistry = Registry<Registry<Registry<RegisteredBinary>>>;
+using FunctionRegistry = Registry<Registry<RegisteredFunction>>;
 
 }  // namespace Quarn

@@ -1,23 +1,16 @@
 #include "interpreter/state.h"
 
-#include <cassert>
 #include <iostream>
 
 #include "interpreter/builtins.h"
+#include "interpreter/core.h"
+#include "interpreter/messages.h"
+#include "interpreter/names.h"
 
 namespace Quarn {
 namespace {
 
-bool MayBeginLiteral(const TypeRow& type, char start) {
-  if (!type.is_literal) return false;
-  const std::string_view starts = type.literal_starts.GetView();
-  return starts.empty() || starts.find(start) != std::string_view::npos;
-}
-
-// No expression can ever use a row for another text.
-[[maybe_unused]] bool IsOperator(const s_str& op) {
-  return FindOperator(op.GetView()) != kOperators;
-}
+s_refptr<Symbol> CreateSymbol(const s_str& name) { return s_refptr<Symbol>(new Symbol(name)); }
 
 // A State may be made before main, and before the object of this file that sets the streams up.
 std::ostream& StandardOutput() {
@@ -25,104 +18,150 @@ std::ostream& StandardOutput() {
   return std::cout;
 }
 
-s_refptr<Symbol> CreateSymbol(const s_str& name) { return s_refptr<Symbol>(new Symbol(name)); }
+// Can an expression ask for the name? Nothing asks for the empty one, and a literal is taken for
+// one before it is looked up.
+bool IsWithinReach(const Registries& registries, std::string_view name) {
+  if (name.empty()) return false;
+  for (const TypeRow* type : registries.GetLiteralStart(name.front()).types) {
+    if (type->is_literal(name)) return false;
+  }
+  return true;
+}
 
 }  // namespace
 
 State::State() : State(StandardOutput(), std::cin) {}
 
-State::State(std::ostream& out, std::istream& in) : out_(out), in_(in) {
+State::State(std::ostream& out, std::istream& in) : core_(new Core(*this, out, in)) {
   AddType({Symbol::kType, CreateSymbol});
   RegisterBuiltins(*this);
-  SetLastResult({});
+  core_->commands.ForgetLastResult();
 }
 
-void State::SetLastResult(s_refptr<Symbol> value) {
-  if (!value) value = NewReference(*this, Symbol::NoName(), "");
-  symbols_.SetLastResult(std::move(value));
+State::~State() = default;
+
+// ---- Lines ----
+
+void State::ProcessLine(const s_str& line) { core_->commands.ProcessLine(line.GetView()); }
+void State::Flush() { core_->commands.Flush(); }
+void State::PrintHelp() { core_->commands.PrintHelp(); }
+
+s_bool State::CheckName(std::string_view name, s_str& error) {
+  if (IsAlphanumeric(name)) return true;
+  AddError(error, name == SymbolTable::kLastResult ? messages::LastResultNotAssignable()
+                                                   : messages::OnlyAlphanumericNames(name));
+  return false;
 }
 
-void State::Flush() { out_.flush(); }
+// ---- Expressions ----
 
-// Memory that runs out while something is registered leaves all as it was, or has the row in use:
-// what may fail is made before anything changes.
-
-void State::AddType(const TypeRow& row) {
-  Registry<TypeRow> types = types_;
-  types.insert_or_assign(row.name, row);
-  decltype(literals_) literals;
-  for (std::size_t code = 0; code < literals.size(); ++code) {
-    LiteralStart& start = literals[code];
-    for (const auto& [name, type] : types) {
-      if (MayBeginLiteral(type, static_cast<char>(code))) start.types.push_back(&type);
-    }
-    // A "[" may begin the operator "[]", which is looked for first.
-    if (start.types.size() == 1 && code != '[') start.only = start.types[0]->build_in_place;
+s_refptr<Symbol> State::ParseSymbol(const s_str& name, s_str expression, s_str& error,
+                                    s_bool allow_new_symbol) {
+  Evaluated result;
+  Place place;
+  const bool allows_new = allow_new_symbol ? true : false;
+  if (!core_->machine.Evaluate(expression.GetView(), name, allows_new, result, error, place)) {
+    return {};
   }
-  types_.swap(types);
-  literals_.swap(literals);
+  if (!result.value.IsNumber()) return result.value.GetValue();
+  return NewNumber(result.is_named ? name : Symbol::NoName(), result.value.GetNumber());
 }
 
-// A body that is replaced may be running; it then stays where it is until nothing runs any more.
-template <class Body>
-void State::Put(Registry<Body>& bodies, Registry<Body>& fresh) {
-  const auto old = bodies.find(fresh.begin()->first);
-  if (old != bodies.end()) {
-    const auto kept = std::make_shared<typename Registry<Body>::node_type>();
-    if (!depth_.IsOutside()) replaced_.push_back(kept);
-    *kept = bodies.extract(old);
+s_refptr<Symbol> State::ApplyBinaryOperator(std::string_view op, s_refptr<Symbol> left,
+                                            s_refptr<Symbol> right, s_str& error) {
+  return core_->machine.ApplyBinary(op, std::move(left), std::move(right), error);
+}
+
+s_refptr<Symbol> State::ApplyRightUnaryOperator(std::string_view op, s_refptr<Symbol> operand,
+                                                s_str& error) {
+  return core_->machine.ApplyUnary(Code::kRightUnary, op, std::move(operand), error);
+}
+
+s_refptr<Symbol> State::ApplyLeftUnaryOperator(std::string_view op, s_refptr<Symbol> operand,
+                                               s_str& error) {
+  return core_->machine.ApplyUnary(Code::kLeftUnary, op, std::move(operand), error);
+}
+
+// ---- For a host program ----
+
+Result State::Compute(std::string_view expression) {
+  s_str error;
+  Evaluated result;
+  Place place;
+  if (!core_->machine.Evaluate(expression, Symbol::NoName(), false, result, error, place)) {
+    return {{}, error.Take(), place};
   }
-  bodies.insert(fresh.extract(fresh.begin()));
+  return {result.value.Take(), {}};
 }
 
-void State::DropReplaced() {
-  if (!replaced_.empty() && depth_.IsOutside()) replaced_.clear();
+s_refptr<Symbol> State::GetSymbol(std::string_view name) const {
+  Name* symbol = core_->symbols.Find(name);
+  return symbol ? core_->symbols.GetObject(*symbol) : s_refptr<Symbol>();
 }
+
+Result State::SetSymbol(std::string_view name, const s_refptr<Symbol>& value) {
+  s_str error;
+  if (!CheckName(name, error)) return {{}, error.Take()};
+  if (!IsWithinReach(core_->registries, name)) return {{}, messages::NameOutOfReach(name).Take()};
+  if (!value) return {{}, messages::NoValueToSet(name).Take()};
+  s_refptr<Symbol> symbol = value->Clone();
+  symbol->SetName(s_str(name));
+  core_->symbols.Set(name, symbol);
+  return {std::move(symbol), {}};
+}
+
+bool State::EraseSymbol(std::string_view name) {
+  if (name == SymbolTable::kLastResult || !core_->symbols.Contains(name)) return false;
+  core_->symbols.Erase(name);
+  return true;
+}
+
+void State::SetMemoryLimit(std::size_t bytes) { core_->machine.SetMemoryLimit(bytes); }
+
+// ---- Registration ----
+
+void State::AddType(const TypeRow& row) { core_->registries.AddType(row); }
 
 void State::AddBinary(std::initializer_list<BinaryRow> rows) {
-  binary_dispatch_ = {};
-  for (const BinaryRow& row : rows) {
-    assert(IsOperator(row.op));
-    Registry<BinaryOperator> fresh;
-    fresh.emplace(row.right, row.body);
-    Put(binary_[row.op][row.left], fresh);
-  }
+  for (const BinaryRow& row : rows) core_->registries.AddBinary(row);
 }
 
-void State::AddUnary(UnaryRegistry& registry, std::initializer_list<UnaryRow> rows) {
-  for (const UnaryRow& row : rows) {
-    assert(IsOperator(row.op));
-    Registry<UnaryOperator> fresh;
-    fresh.emplace(row.operand, row.body);
-    Put(registry[row.op], fresh);
-  }
+void State::AddRightUnary(std::initializer_list<UnaryRow> rows) {
+  for (const UnaryRow& row : rows) core_->registries.AddRightUnary(row);
 }
 
-void State::AddRightUnary(std::initializer_list<UnaryRow> rows) { AddUnary(right_unary_, rows); }
-
-void State::AddLeftUnary(std::initializer_list<UnaryRow> rows) { AddUnary(left_unary_, rows); }
+void State::AddLeftUnary(std::initializer_list<UnaryRow> rows) {
+  for (const UnaryRow& row : rows) core_->registries.AddLeftUnary(row);
+}
 
 void State::AddFunctions(std::initializer_list<FunctionRow> rows) {
-  for (const FunctionRow& row : rows) AddFunction(row.name, row.arguments, row.body);
+  for (const FunctionRow& row : rows) core_->registries.AddFunction(row);
 }
 
 void State::AddFunction(const s_str& name, const s_ctnr<s_str>& argument_types, Function body) {
-  s_str signature = "(";
-  std::string_view separator;
-  for (const s_str& type : argument_types) {
-    signature.Append(separator).Append(type.GetView());
-    separator = ", ";
-  }
-  signature += ')';
-  function_dispatch_ = {};
-  FunctionRegistry fresh;
-  Registry<Function>& overload = fresh[name];
-  overload.emplace(signature, std::move(body));
-  const auto known = functions_.find(name);
-  if (known != functions_.end()) return Put(known->second, overload);
-  const auto& function = *fresh.begin();
-  function_index_.emplace(function.first.GetView(), &function);
-  functions_.insert(fresh.extract(fresh.begin()));
+  core_->registries.AddFunction({name, argument_types, std::move(body)});
+}
+
+// ---- What it holds ----
+
+s_ctnr<s_str> State::GetSymbolNames() const { return core_->symbols.GetNames(); }
+const Registry<TypeRow>& State::GetTypes() const { return core_->registries.GetTypes(); }
+const BinaryRegistry& State::GetBinaryOperators() const {
+  return core_->registries.GetBinaryOperators();
+}
+const UnaryRegistry& State::GetLeftUnaryOperators() const {
+  return core_->registries.GetLeftUnaryOperators();
+}
+const UnaryRegistry& State::GetRightUnaryOperators() const {
+  return core_->registries.GetRightUnaryOperators();
+}
+const FunctionRegistry& State::GetFunctions() const { return core_->registries.GetFunctions(); }
+
+void State::SetLastResult(s_refptr<Symbol> value) {
+  if (!value) return core_->commands.ForgetLastResult();
+  Operand result;
+  result.SetObject(std::move(value));
+  core_->symbols.SetLastResult(result);
 }
 
 }  // namespace Quarn

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <new>
 
 #include "utils/s_refptr.h"
@@ -13,29 +14,16 @@
 
 namespace Quarn {
 
-class Reference;
-
-// The name of a type by whose address look-ups may go, since every value that gives it is of that
-// type. Only final classes of the library can make one: a class from outside might be derived from,
-// and another type be given to what is derived.
-class FixedType {
- public:
-  constexpr FixedType() = default;  // none: ask GetType
-  constexpr const char* Get() const { return name_; }
-  explicit constexpr operator bool() const { return name_ != nullptr; }
-
- private:
-  friend class Scalar;
-  friend class Vector;
-  explicit constexpr FixedType(const char* name) : name_(name) {}
-
-  const char* name_ = nullptr;
-};
+class TextWriter;
 
 class Symbol {
  public:
   // The name of the abstract type.
   static constexpr char kType[] = "Symbol";
+
+  // What the interpreter may look into without knowing the class: numbers travel unboxed, lists are
+  // written element by element, references are evaluated. Every other class is kOther.
+  enum class Kind : std::uint8_t { kOther, kNumber, kList, kReference };
 
   // The value text is the name, and stays it when the name is changed.
   explicit Symbol(const s_str& name) : name_(name), value_text_(name) {}
@@ -50,33 +38,30 @@ class Symbol {
   virtual s_str GetDeclaredType() const { return GetType(); }
   // The type as shown in messages about mixed elements: "3-Vector".
   virtual s_str GetFullType() const { return GetType(); }
+  // A new object of the same class with the same name and payload.
+  virtual s_refptr<Symbol> Clone() const { return s_refptr<Symbol>(new Symbol(*this)); }
+
+  // Writes what ToString returns. A type whose values hold other values overrides it, so that
+  // however deeply they are nested, writing them does not recurse; see text_writer.h.
+  virtual void Write(TextWriter& out) const;
+
   // The name of temporaries.
   static const s_str& NoName() {
     static const s_str no_name;
     return no_name;
   }
-
-  // A new object of the same class with the same name and payload.
-  virtual s_refptr<Symbol> Clone() const { return s_refptr<Symbol>(new Symbol(*this)); }
-
-  // Appends what ToString returns. A type with long texts overrides it to save the copy.
-  virtual void AppendTo(s_str& text) const { text += ToString(); }
-  // Saves look-ups the text that GetType returns.
-  FixedType GetFixedType() const { return fixed_type_; }
-  // The value as a Reference; null for every other class, whatever type it declares.
-  virtual const Reference* AsReference() const { return nullptr; }
-
-  // The name of the symbol that the value is of; empty for a temporary.
   const s_str& GetName() const { return name_; }
   // Renames, and leaves the value text.
   void SetName(const s_str& name) { name_ = name; }
   // The name at first, which is all the value that an abstract symbol has.
   const s_str& GetValueText() const { return value_text_; }
 
-  // Values come from the pool, whatever their class.
+  Kind GetKind() const { return kind_; }
+
+  // Values come from the pool, whatever their class, unless they ask for more alignment than it
+  // has.
   static void* operator new(std::size_t size) { return Pool::Allocate(size); }
   static void operator delete(void* block, std::size_t size) noexcept { Pool::Free(block, size); }
-  // Those of a class that asks for more than the default alignment do not.
   static void* operator new(std::size_t size, std::align_val_t alignment) {
     return ::operator new(size, alignment);
   }
@@ -85,24 +70,17 @@ class Symbol {
   }
 
  protected:
-  Symbol() = default;  // a temporary
-  // Of a class with a fixed type.
-  explicit Symbol(FixedType type) : fixed_type_(type) {}
-  Symbol(const s_str& name, FixedType type) : fixed_type_(type), name_(name), value_text_(name) {}
-  Symbol(const Symbol& other, FixedType type)
-      : fixed_type_(type), name_(other.name_), value_text_(other.value_text_) {}
-  // Makes a temporary of a named value.
-  void ClearNames() {
-    name_.Clear();
-    value_text_.Clear();
-  }
-  // A copy has the names alone: it may be part of a class of another type.
-  Symbol(const Symbol& other) : Symbol(other, FixedType()) {}
+  explicit Symbol(Kind kind) : kind_(kind) {}  // a temporary
+  Symbol(const s_str& name, Kind kind) : name_(name), value_text_(name), kind_(kind) {}
+  // A copy has the names alone: it may be part of a class of another kind.
+  Symbol(const Symbol& other) : Symbol(other, Kind::kOther) {}
+  Symbol(const Symbol& other, Kind kind)
+      : name_(other.name_), value_text_(other.value_text_), kind_(kind) {}
 
  private:
-  const FixedType fixed_type_ = {};
   s_str name_;
   s_str value_text_;
+  Kind kind_ = Kind::kOther;
 };
 
 }  // namespace Quarn

@@ -1,86 +1,118 @@
 // SymbolTable holds the values that the user named, and the last result under "_". Looked up far
-// more often than walked, it is a hash table; GetNames sorts when asked. Names and values stand in
-// the order in which they came, and a small index leads to them: it is all that a look-up searches
-// and all that growth moves. The last result changes with every command and stands apart.
+// more often than walked, it is a hash table; GetNames sorts when asked. A number is kept without
+// an object until somebody asks for one. Whoever read a name hears of its changes, also while it
+// has no value: a Name exists as long as it has a value or a program uses it.
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <string_view>
 #include <vector>
 
-#include "interpreter/symbol.h"
+#include "interpreter/cell.h"
 #include "utils/s_ctnr.h"
 #include "utils/text_hash.h"
 
 namespace Quarn {
+
+// A name and its value. It stays at its place while it exists.
+struct Name {
+  enum class Content : std::uint8_t {
+    kNothing,
+    kNumber,         // which bears the name, as an object would
+    kUnnamedNumber,  // the result of a function keeps the name it has, which is none
+    kObject
+  };
+
+  bool HasValue() const { return content != Content::kNothing; }
+  bool IsNumber() const {
+    return content == Content::kNumber || content == Content::kUnnamedNumber;
+  }
+
+  s_str text;
+  double number = 0;
+  s_refptr<Symbol> object;
+  Readers readers;
+  std::uint32_t hash = 0;
+  std::uint32_t uses = 0;  // by programs
+  Content content = Content::kNothing;
+};
 
 class SymbolTable {
  public:
   // The name of the last result.
   static constexpr std::string_view kLastResult = "_";
 
-  // The value of a name; null when there is none. Valid until a name is erased or all are.
-  const s_refptr<Symbol>* Find(std::string_view name) const {
-    if (name == kLastResult) return last_result_ ? &last_result_ : nullptr;
-    if (entries_.empty()) return nullptr;
-    const Slot& slot = slots_[FindSlot(name, Hash(name))];
-    return slot.IsFree() ? nullptr : &entries_[slot.place].value;
+  SymbolTable();
+  ~SymbolTable();
+  SymbolTable(const SymbolTable&) = delete;
+  SymbolTable& operator=(const SymbolTable&) = delete;
+
+  // A name that has a value; null when it has none.
+  Name* Find(std::string_view name) {
+    if (name == kLastResult) return last_result_->HasValue() ? last_result_ : nullptr;
+    Name* found = slots_[FindSlot(name, Hash(name))].name;
+    return found && found->HasValue() ? found : nullptr;
   }
-  bool Contains(std::string_view name) const { return Find(name) != nullptr; }
+  bool Contains(std::string_view name) { return Find(name) != nullptr; }
+
+  // The value as an object, the same one each time. REQUIRES: there is one.
+  const s_refptr<Symbol>& GetObject(Name& name);
+  // The name that a number bears. REQUIRES: the value is a number.
+  std::string_view GetNameOfNumber(const Name& name) const {
+    if (name.content == Name::Content::kUnnamedNumber) return {};
+    return (&name == last_result_ ? name_of_last_result_ : name.text).GetView();
+  }
 
   // Gives the name a value, in place of any that it had. REQUIRES: the value is not null.
-  void Set(const s_str& name, s_refptr<Symbol> value);
-  void SetLastResult(s_refptr<Symbol> value) { last_result_ = std::move(value); }
+  void Set(std::string_view name, s_refptr<Symbol> value);
+  // A number that bears the name, or none.
+  void SetNumber(std::string_view name, double number, bool is_named);
+  // A number may bear the name of the symbol that was given it.
+  void SetLastResult(const Operand& value, std::string_view name_of_number = {});
 
   // Does nothing when the name has no value.
-  void Erase(const s_str& name);
+  void Erase(std::string_view name);
   void Clear();
 
+  // A name for a program, until it releases it.
+  Name* Bind(std::string_view name);
+  void Release(Name& name);
+
   // How many names have a value, the last result included.
-  s_uint GetSize() const {
-    return static_cast<unsigned int>(entries_.size() + (last_result_ ? 1 : 0));
-  }
-  // All names, in ascending order.
+  s_uint GetSize() const { return size_; }
+  // All names that have one, in ascending order.
   s_ctnr<s_str> GetNames() const;
 
  private:
-  struct Entry {
-    s_str name;
-    s_refptr<Symbol> value;
-  };
-
-  // A place in the index: an entry stands in the first free one at or behind that of its hash.
+  // An entry is in the first free slot at or after that of its hash.
   struct Slot {
-    static constexpr std::uint32_t kFree = 0xFFFFFFFF;
-
-    bool IsFree() const { return place == kFree; }
-
+    Name* name = nullptr;
     std::uint32_t hash = 0;
-    std::uint32_t place = kFree;  // among the entries
   };
 
   std::uint32_t Hash(std::string_view name) const {
     return static_cast<std::uint32_t>(hash_(name));
   }
   std::size_t Next(std::size_t slot) const { return (slot + 1) & (slots_.size() - 1); }
-  // The slot of the name, or the free one where it would stand. REQUIRES: there is a free one.
+  // The slot of the name, or the free one where it would be.
   std::size_t FindSlot(std::string_view name, std::uint32_t hash) const {
     std::size_t at = hash & (slots_.size() - 1);
-    while (!slots_[at].IsFree() && !Holds(slots_[at], name, hash)) at = Next(at);
+    while (slots_[at].name && !(slots_[at].hash == hash && slots_[at].name->text.GetView() == name))
+      at = Next(at);
     return at;
   }
-  bool Holds(const Slot& slot, std::string_view name, std::uint32_t hash) const {
-    return slot.hash == hash && entries_[slot.place].name.GetView() == name;
-  }
-  void Add(const s_str& name, std::uint32_t hash, s_refptr<Symbol> value);
+  Name& FindOrAdd(std::string_view name);
   void Grow();
+  void SetContent(Name& name, Name::Content content);
+  void RemoveIfUnused(Name& name);
   void Vacate(std::size_t slot);
 
   TextHash hash_;
-  std::deque<Entry> entries_;
   std::vector<Slot> slots_;  // a power of two, a quarter of them free at least
-  s_refptr<Symbol> last_result_;
+  std::size_t names_ = 0;    // in the slots
+  unsigned int size_ = 0;
+  Name* last_result_;
+  s_str name_of_last_result_;
 };
 
 }  // namespace Quarn

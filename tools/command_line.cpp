@@ -48,14 +48,14 @@ CommandLine ReadCommandLine(int count, char** values) {
         line.tasks.push_back({Task::kCommands, optarg});
         break;
       case 'h':
-        line.action = CommandLine::Action::kShowHelp;
+        line.wish = CommandLine::Wish::kShowHelp;
         return line;
       case 'V':
-        line.action = CommandLine::Action::kShowVersion;
+        line.wish = CommandLine::Wish::kShowVersion;
         return line;
       default:
         std::cerr << "Try 'mirlow-shell --help'.\n";
-        line.action = CommandLine::Action::kReject;
+        line.wish = CommandLine::Wish::kNothing;
         return line;
     }
   }

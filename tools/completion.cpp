@@ -10,11 +10,12 @@ namespace {
 constexpr std::string_view kWordCharacters =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_";
 
-// The start of the word at the end of the text.
+// Where the word begins that the text ends with; its end when it ends with none.
 std::size_t FindWord(std::string_view text) { return text.find_last_not_of(kWordCharacters) + 1; }
 
+// The command that is being typed, without the word that is completed.
 std::string_view CommandBefore(std::string_view text) {
-  return text.substr(text.rfind(';') + 1);  // npos + 1 is 0
+  return text.substr(text.rfind(';') + 1);  // the whole text when there is no ";"
 }
 
 bool EndsWithColon(std::string_view text) {
@@ -26,11 +27,11 @@ class Collector {
  public:
   explicit Collector(std::string_view word) : word_(word) {}
 
-  void Add(std::string_view name, std::string_view suffix = "") {
-    if (!name.empty() && name.starts_with(word_)) found_.emplace_back(name).append(suffix);
+  void Add(std::string_view name, std::string_view behind = "") {
+    if (!name.empty() && name.starts_with(word_)) found_.emplace_back(name).append(behind);
   }
   void AddSymbols(const State& state) {
-    for (const s_str& name : state.GetSymbols().GetNames()) Add(name.GetView());
+    for (const s_str& name : state.GetSymbolNames()) Add(name.GetView());
   }
   void AddFunctions(const State& state) {
     for (const auto& [name, overloads] : state.GetFunctions()) Add(name.GetView(), "(");
@@ -66,7 +67,7 @@ Completion Complete(const State& state, std::string_view before_cursor) {
   return {start, collector.Take()};
 }
 
-std::string LongestCommonPrefix(const std::vector<std::string>& candidates) {
+std::string CommonStart(const std::vector<std::string>& candidates) {
   if (candidates.empty()) return "";
   std::string_view common = candidates.front();
   for (const std::string& candidate : candidates) {

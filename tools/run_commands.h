@@ -1,4 +1,4 @@
-// Non-interactive input: a file, a pipe or an argument.
+// Lines that nobody types: from a file, a pipe or an argument.
 #pragma once
 
 #include <istream>
@@ -8,11 +8,12 @@ namespace Quarn {
 
 class State;
 
-// Runs line by line, without any "\r" and without empty lines. If reading fails, reports it for
-// `name` on standard error and returns false.
+// Carries out line by line to the end, as the calculator does with a script: a "\r" is left out,
+// wherever it stands, and so are empty lines. When there is nothing to read or reading fails before
+// the end, says so of `name` on standard error and returns false.
 bool RunCommands(State& state, std::istream& lines, const std::string& name);
 
-// Unlike a script of the calculator, the file need not be writable.
+// The same for a file, which need not be writable.
 bool RunFile(State& state, const std::string& path);
 
 }  // namespace Quarn

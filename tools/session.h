@@ -1,4 +1,4 @@
-// The interactive session.
+// A dialogue with a person at a terminal.
 #pragma once
 
 #include <istream>
@@ -8,8 +8,9 @@ namespace Quarn {
 class LineReader;
 class State;
 
-// Runs line by line until "q", "exit" or the end of input. Ctrl-C during a command ends the
-// program. `answers` is the State's input for questions: Ctrl-D answers a single one.
+// Carries out line by line until "q", "exit" or the end of input. A command that is running ends by
+// Ctrl-C, and the program with it. `answers` is where the State asks its questions: Ctrl-D answers
+// one of them, not all that are to come.
 void RunSession(State& state, LineReader& reader, std::istream& answers);
 
 }  // namespace Quarn

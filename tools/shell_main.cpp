@@ -1,5 +1,6 @@
 // mirlow-shell: the calculator with line editing, history and completion at a terminal, and with an
-// exit status and several sources of commands for pipes. Commands print what the calculator prints.
+// end, an exit status and several sources of commands in a pipe. What the commands print is the
+// calculator's, byte for byte.
 #include <unistd.h>
 
 #include <cstdlib>
@@ -24,7 +25,7 @@ enum Status { kGood = 0, kReportedError = 1, kCannotRun = 2 };
 
 bool IsTerminal() { return isatty(STDIN_FILENO) && isatty(STDOUT_FILENO); }
 
-// The State and its streams; `answers` is its input for questions.
+// The State with its streams. Questions are asked where `answers` come from.
 class Shell {
  public:
   explicit Shell(std::istream& answers)
@@ -34,6 +35,7 @@ class Shell {
 
   State& GetState() { return state_; }
 
+  // Once all was done.
   Status GetStatus() {
     if (!out_.flush()) {
       std::cerr << "mirlow-shell: cannot write to standard output\n";
@@ -48,7 +50,7 @@ class Shell {
   State state_;
 };
 
-Status RunInteractively() {
+Status Talk() {
   TerminalInput input(STDIN_FILENO);
   std::istream answers(&input);
   Shell shell(answers);
@@ -68,7 +70,7 @@ bool RunTask(State& state, const Task& task) {
 Status RunTasks(const std::vector<Task>& tasks) {
   std::ios::sync_with_stdio(false);
   std::cin.tie(nullptr);
-  // So that no output is lost when memory runs out.
+  // Not even memory that runs out takes back what was printed.
   std::set_terminate([] {
     std::cout.flush();
     std::abort();
@@ -83,20 +85,20 @@ Status RunTasks(const std::vector<Task>& tasks) {
 }
 
 Status Run(const CommandLine& line) {
-  switch (line.action) {
-    case CommandLine::Action::kShowHelp:
+  switch (line.wish) {
+    case CommandLine::Wish::kShowHelp:
       std::cout << kUsage;
       return kGood;
-    case CommandLine::Action::kShowVersion:
+    case CommandLine::Wish::kShowVersion:
       std::cout << "mirlow-shell " << kVersion << '\n';
       return kGood;
-    case CommandLine::Action::kReject:
+    case CommandLine::Wish::kNothing:
       return kCannotRun;
-    case CommandLine::Action::kRun:
+    case CommandLine::Wish::kRun:
       break;
   }
   if (!line.tasks.empty()) return RunTasks(line.tasks);
-  return IsTerminal() ? RunInteractively()
+  return IsTerminal() ? Talk()
                       : RunTasks({
                             {Task::kFile, "-"}
   });

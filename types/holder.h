@@ -65,7 +65,7 @@ template <>
 struct Payloads<Scalar> {
   // As for any class.
   static double Of(const Symbol& value) { return NumberOf(value); }
-  static s_refptr<Symbol> New(double number) { return NewNumber(number); }
+  static s_refptr<Symbol> New(double number) { return NewNumber(Symbol::NoName(), number); }
 };
 // The payload of a Vector are its elements.
 template <>
@@ -74,9 +74,9 @@ struct Payloads<Vector> {
   static const Values& Of(const Symbol& value) {
     return static_cast<const Vector&>(value).GetElements();
   }
-  static s_refptr<Symbol> New(Values elements) {
+  static s_refptr<Symbol> New(const Values& elements) {
     return s_refptr<Symbol>(
-        new Vector(Symbol::NoName(), s_refptr<Values>(new Values(std::move(elements)))));
+        new Vector(Symbol::NoName(), s_refptr<Elements>(new Elements(elements))));
   }
 };
 
@@ -86,9 +86,7 @@ template <class Own>
 TypeRow TypeOf(std::string_view starts = {}) {
   TypeRow row{Own::kType, [](const s_str& name) { return s_refptr<Symbol>(new Own(name)); }};
   if constexpr (requires { Own::Read(std::string_view()); }) {
-    row.is_literal = [](const s_str& text) -> s_bool {
-      return Own::Read(text.GetView()).has_value();
-    };
+    row.is_literal = [](std::string_view text) -> s_bool { return Own::Read(text).has_value(); };
     row.create_from = [](State&, const s_str& name, const s_str& text, s_str&) {
       return s_refptr<Symbol>(new Own(name, *Own::Read(text.GetView())));
     };

@@ -1,12 +1,13 @@
-// Adapters from plain functions to the callables of the registries, so that a type's table names
-// functions and its arithmetic can be read and tested without a State.
-//   {"Scalar", "*", "Scalar", Binary(std::multiplies<double>())}
+// Adapters from plain functions to the callables and rows of the registries, so that a type's table
+// names functions and its arithmetic can be read and tested without a State.
+//   OnNumbers("*", std::multiplies<double>())
 // What is lifted gets values of the types of its row, as the registries promise.
 #pragma once
 
 #include <type_traits>
 #include <utility>
 
+#include "interpreter/builtins.h"
 #include "interpreter/registry.h"
 #include "types/scalar.h"
 
@@ -18,42 +19,19 @@ inline double NumberOf(const Symbol& value) {
 }
 
 // A new unnamed Scalar.
-inline s_refptr<Symbol> NewNumber(double value) { return s_refptr<Symbol>(new Scalar(value)); }
-
-// Puts a number in the place of one that is used up: a Scalar that nobody else holds, as those
-// within an expression are, is made over instead of being thrown away.
-inline void Renew(s_refptr<Symbol>& operand, double value) {
-  if (operand.GetCount() != 1U) {
-    operand = NewNumber(value);
-  } else {
-    static_cast<Scalar&>(*operand).BecomeTemporary(value);
-  }
-}
+inline s_refptr<Symbol> NewNumber(double value) { return NewNumber(Symbol::NoName(), value); }
 
 // Operators on numbers; `f` takes and returns double.
 template <class F>
 UnaryOperator Unary(F f) {
-  return [f](s_refptr<Symbol>&& operand, s_str&) {
-    Renew(operand, f(NumberOf(*operand)));
-    return std::move(operand);
-  };
+  return [f](const s_refptr<Symbol>& operand, s_str&) { return NewNumber(f(NumberOf(*operand))); };
 }
 template <class F>
 BinaryOperator Binary(F f) {
-  if constexpr (std::is_empty_v<F> && std::is_default_constructible_v<F>) {
-    return InPlaceOperator{[](s_refptr<Symbol>& left, const s_refptr<Symbol>& right) {
-      Renew(left, F()(NumberOf(*left), NumberOf(*right)));
-    }};
-  } else {
-    return [f](s_refptr<Symbol>&& left, s_refptr<Symbol>&& right, s_str&) {
-      Renew(left, f(NumberOf(*left), NumberOf(*right)));
-      return std::move(left);
-    };
-  }
+  return [f](const s_refptr<Symbol>& left, const s_refptr<Symbol>& right, s_str&) {
+    return NewNumber(f(NumberOf(*left), NumberOf(*right)));
+  };
 }
-
-// The unary operator that gives a copy of its operand, name included.
-inline s_refptr<Symbol> Copy(s_refptr<Symbol> operand, s_str&) { return operand->Clone(); }
 
 // Functions of as many numbers as `f` takes.
 template <class... Numbers>
@@ -67,15 +45,47 @@ Function OfNumbers(double (*f)(Numbers...)) {
   (std::index_sequence_for<Numbers...>());
 }
 
+// Rows for pure operators and functions of Scalars, which then are called on plain numbers. `f` is
+// a functor without state, of one or two numbers.
+template <class F>
+requires std::is_invocable_v<F, double> UnaryRow UnaryOnScalars(const char* op, F f) {
+  static_assert(std::is_empty_v<F>);
+  return {op, Scalar::kType, Unary(f), [](double x) -> double { return F()(x); }};
+}
+template <class F>
+BinaryRow OnScalars(const char* op, F f) {
+  static_assert(std::is_empty_v<F>);
+  return {Scalar::kType, op, Scalar::kType, Binary(f),
+          [](double x, double y) -> double { return F()(x, y); }};
+}
+inline FunctionRow OnScalars(const char* name, double (*f)(), Purity purity) {
+  return {name, {""}, OfNumbers(f), {.of_none = f}, purity};
+}
+inline FunctionRow OnScalars(const char* name, double (*f)(double), Purity purity) {
+  return {name, {Scalar::kType}, OfNumbers(f), {.of_one = f}, purity};
+}
+inline FunctionRow OnScalars(const char* name, double (*f)(double, double), Purity purity) {
+  return {
+      name, {Scalar::kType, Scalar::kType},
+       OfNumbers(f), {.of_two = f            },
+       purity
+  };
+}
+
+// The unary operator that gives a copy of its operand, name included.
+inline s_refptr<Symbol> Copy(s_refptr<Symbol> operand, s_str&) { return operand->Clone(); }
+
 // Operators that need the State, bound to it; the State outlives its registries.
 inline UnaryOperator On(State& state,
                         s_refptr<Symbol> (*f)(State&, const s_refptr<Symbol>& operand, s_str&)) {
-  return [&state, f](s_refptr<Symbol>&& operand, s_str& error) { return f(state, operand, error); };
+  return [&state, f](const s_refptr<Symbol>& operand, s_str& error) {
+    return f(state, operand, error);
+  };
 }
 inline BinaryOperator On(State& state,
                          s_refptr<Symbol> (*f)(State&, const s_refptr<Symbol>& left,
                                                const s_refptr<Symbol>& right, s_str&)) {
-  return [&state, f](s_refptr<Symbol>&& left, s_refptr<Symbol>&& right, s_str& error) {
+  return [&state, f](const s_refptr<Symbol>& left, const s_refptr<Symbol>& right, s_str& error) {
     return f(state, left, right, error);
   };
 }

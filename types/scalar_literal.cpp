@@ -16,7 +16,7 @@ bool IsSign(const char* at, const char* end) { return at != end && (*at == '+' |
 bool IsDigit(char c) { return static_cast<unsigned char>(c - '0') <= 9; }
 
 // Is the rest of the text an exponent?  REQUIRES: there is a rest.
-[[gnu::noinline]] bool IsExponent(const char* at, const char* end) {
+bool IsExponent(const char* at, const char* end) {
   if (*at++ != 'e') return false;
   if (IsSign(at, end)) ++at;
   if (at == end) return false;
@@ -26,32 +26,42 @@ bool IsDigit(char c) { return static_cast<unsigned char>(c - '0') <= 9; }
 
 }  // namespace
 
+NumberPrefix ReadNumberPrefix(const char* begin, const char* end) {
+  // So many characters do not overflow; what is cut off might go on.
+  constexpr std::ptrdiff_t kMostCharacters = 19;
+  const char* last = end - begin > kMostCharacters ? begin + kMostCharacters : end;
+  std::uint64_t digits = 0;
+  const char* point = nullptr;
+  const char* at = begin;
+  for (; at != last; ++at) {
+    if (IsDigit(*at)) {
+      digits = digits * 10 + static_cast<unsigned char>(*at - '0');
+    } else if (*at == '.' && !point) {
+      point = at;
+    } else {
+      break;
+    }
+  }
+  if ((at == last && last != end) || at - begin == (point ? 1 : 0)) return {nullptr, 0};
+  const double number = MakeOrdinary(digits, point ? static_cast<int>(at - point - 1) : 0);
+  return {std::isnan(number) ? nullptr : at, number};
+}
+
 double ReadNumberLiteral(std::string_view text) {
   const std::string_view trimmed = TrimSpaces(text);
   const char* at = trimmed.data();
   const char* end = at + trimmed.size();
   const bool is_signed = IsSign(at, end);
-  const char* begin = at += is_signed ? 1 : 0;
-  std::uint64_t digits = 0;  // modulo 2^64
-  const char* point = nullptr;
-  for (; at != end; ++at) {
-    if (IsDigit(*at)) {
-      digits = digits * 10 + static_cast<unsigned char>(*at - '0');
-    } else if (*at == '.' && !point) {
-      point = at;
-    } else if (IsExponent(at, end)) {
-      return ReadDouble(text).value.Get();
-    } else {
-      return std::numeric_limits<double>::quiet_NaN();
-    }
+  const bool is_negative = is_signed && *at == '-';
+  if (is_signed) ++at;
+  const NumberPrefix prefix = ReadNumberPrefix(at, end);
+  if (prefix.end == end) return is_negative ? -prefix.number : prefix.number;
+  bool has_point = false;
+  for (; at != end && (IsDigit(*at) || (*at == '.' && !has_point)); ++at) {
+    if (*at == '.') has_point = true;
   }
-  // What has so many characters did not overflow, and is read by now.
-  constexpr std::ptrdiff_t kMostCharacters = 19;
-  const std::ptrdiff_t count = end - begin;
-  if (count > kMostCharacters || count == (point ? 1 : 0)) return ReadDouble(text).value.Get();
-  const double size = MakeOrdinary(digits, point ? static_cast<int>(end - point - 1) : 0);
-  if (std::isnan(size)) return ReadDouble(text).value.Get();
-  return is_signed && *trimmed.data() == '-' ? -size : size;
+  if (at != end && !IsExponent(at, end)) return std::numeric_limits<double>::quiet_NaN();
+  return ReadDouble(text).value.Get();
 }
 
 }  // namespace Quarn

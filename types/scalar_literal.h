@@ -5,6 +5,8 @@
 #include <cmath>
 #include <string_view>
 
+#include "interpreter/registry.h"
+
 namespace Quarn {
 
 // The number that a literal stands for; NaN, for which there is no literal, for any other text. A
@@ -13,6 +15,10 @@ namespace Quarn {
 // are not. Kept on purpose: no digit is asked for before the exponent, so "", "+", "." and "e5" are
 // numbers too; what cannot be read as one has the value 0.
 double ReadNumberLiteral(std::string_view text);
+
+// The number that a text begins with, as far as its digits and its full stop go: the whole of what
+// most literals are. None for a sign, for more digits than are surely read exactly, and for none.
+NumberPrefix ReadNumberPrefix(const char* begin, const char* end);
 
 inline bool IsNumberLiteral(std::string_view text) { return !std::isnan(ReadNumberLiteral(text)); }
 

@@ -1,7 +1,7 @@
 #include "types/value.h"
 
-#include "interpreter/builtins.h"
-#include "types/element_types.h"
+#include "interpreter/core.h"
+#include "interpreter/element_types.h"
 #include "types/lift.h"
 #include "types/reference.h"
 #include "types/vector.h"
@@ -9,12 +9,10 @@
 namespace Quarn {
 namespace {
 
-// What stands for the value, if that is of the type; null otherwise. The type's name is known by
-// its address, which no other class can have.
-s_refptr<Symbol> ResolveAs(const char* type, const s_refptr<Symbol>& value) {
-  if (!value) return {};
-  s_refptr<Symbol> resolved = Resolve(value);
-  return resolved && resolved->GetFixedType().Get() == type ? resolved : s_refptr<Symbol>();
+// What stands for the value, if that is of the kind; null otherwise.
+s_refptr<Symbol> ResolveAs(Symbol::Kind kind, const s_refptr<Symbol>& value) {
+  const s_refptr<Symbol> resolved = EvaluateReference(value).value;
+  return resolved && resolved->GetKind() == kind ? resolved : s_refptr<Symbol>();
 }
 
 // The value itself, or a copy that has no name.
@@ -25,26 +23,41 @@ s_refptr<Symbol> WithoutName(const s_refptr<Symbol>& value) {
   return unnamed;
 }
 
+bool AreOfOneType(const Elements& elements) {
+  ElementTypes types;
+  s_str unheard;
+  for (std::size_t i = 0; i < elements.GetSize(); ++i) {
+    if (!types.Accept(elements[i].GetFullType(), unheard)) return false;
+  }
+  for (std::size_t i = 0; types.HasReferences() && i < elements.GetSize(); ++i) {
+    if (elements[i].GetFullType().GetView() != kReferenceType) continue;
+    if (!types.AcceptReference(elements[i].GetType(), unheard)) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 std::optional<double> ToNumber(const s_refptr<Symbol>& value) {
-  const s_refptr<Symbol> scalar = ResolveAs(Scalar::kType, value);
+  const s_refptr<Symbol> scalar = ResolveAs(Symbol::Kind::kNumber, value);
   if (!scalar) return std::nullopt;
   return NumberOf(*scalar);
 }
 
 std::optional<std::vector<s_refptr<Symbol>>> ToElements(const s_refptr<Symbol>& value) {
-  const s_refptr<Symbol> vector = ResolveAs(Vector::kType, value);
+  const s_refptr<Symbol> vector = ResolveAs(Symbol::Kind::kList, value);
   if (!vector) return std::nullopt;
   const Values& elements = static_cast<const Vector&>(*vector).GetElements();
   return std::vector<s_refptr<Symbol>>(elements.begin(), elements.end());
 }
 
 std::optional<std::vector<double>> ToNumbers(const s_refptr<Symbol>& value) {
-  const auto elements = ToElements(value);
-  if (!elements) return std::nullopt;
+  const s_refptr<Symbol> vector = ResolveAs(Symbol::Kind::kList, value);
+  if (!vector) return std::nullopt;
+  const Elements& elements = static_cast<const Vector&>(*vector).GetList();
+  if (elements.AreNumbers()) return elements.GetNumbers();
   std::vector<double> numbers;
-  for (const s_refptr<Symbol>& element : *elements) {
+  for (const s_refptr<Symbol>& element : elements.GetObjects()) {
     const std::optional<double> number = ToNumber(element);
     if (!number) return std::nullopt;
     numbers.push_back(*number);
@@ -61,30 +74,28 @@ std::string GetTypeName(const s_refptr<Symbol>& value) {
 }
 
 Result EvaluateReference(const s_refptr<Symbol>& value) {
-  const Reference* reference = value ? value->AsReference() : nullptr;
-  if (!reference) return {value, {}};
-  s_str error;
-  s_refptr<Symbol> result = reference->EvaluateThrough(error);
-  return {std::move(result), error.Take()};
+  if (!value || value->GetKind() != Symbol::Kind::kReference) return {value, {}};
+  const CellPtr cell = GetCell(*value);
+  if (!cell) return {{}, messages::EmptySymbol().Take()};
+  if (!cell->GetCells()) return {};
+  return cell->GetCells()->GetMachine().Evaluate(*cell);
 }
 
 s_refptr<Symbol> FromNumber(double number) { return NewNumber(number); }
 
 s_refptr<Symbol> FromElements(const std::vector<s_refptr<Symbol>>& elements) {
-  const s_refptr<Values> unnamed(new Values);
-  ElementTypes types;
-  s_str unheard;
+  Values values;
   for (const s_refptr<Symbol>& element : elements) {
-    if (!element || !types.Accept(*element, unheard)) return {};
-    unnamed->PushBack(WithoutName(element));
+    if (!element) return {};
+    values.PushBack(WithoutName(element));
   }
-  if (!types.AcceptReferences(*unnamed, unheard)) return {};
+  const s_refptr<Elements> unnamed(new Elements(values));
+  if (!AreOfOneType(*unnamed)) return {};
   return s_refptr<Symbol>(new Vector(Symbol::NoName(), unnamed));
 }
 
 s_refptr<Symbol> FromNumbers(const std::vector<double>& numbers) {
-  const s_refptr<Values> elements(new Values);
-  for (double number : numbers) elements->PushBack(NewNumber(number));
+  const s_refptr<Elements> elements(new Elements(numbers));
   return s_refptr<Symbol>(new Vector(Symbol::NoName(), elements));
 }
 

@@ -1,9 +1,10 @@
 #include "types/vector.h"
 
 #include <utility>
-#include <vector>
 
+#include "interpreter/messages.h"
 #include "interpreter/state.h"
+#include "interpreter/text_writer.h"
 #include "types/lift.h"
 #include "types/vector_math.h"
 #include "utils/s_str_convert.h"
@@ -13,99 +14,86 @@ namespace {
 
 s_refptr<Symbol> Create(const s_str& name) { return s_refptr<Symbol>(new Vector(name)); }
 
-s_bool TestLiteral(const s_str& text) { return Vector::IsLiteral(text.GetView()); }
+s_bool IsLiteral(std::string_view text) { return text.starts_with('<') && text.ends_with('>'); }
 
-bool BuildInPlace(State& state, const s_str& name, const Piece& piece, s_str& error,
-                  s_refptr<Symbol>&, s_refptr<Symbol>& value) {
-  if (!Vector::IsLiteral(piece.GetText())) return false;
-  value = Vector::CreateFromPiece(state, name, piece, error);
-  return true;
+s_refptr<Symbol> CreateList(const s_str& name, s_refptr<Elements> elements) {
+  return s_refptr<Symbol>(new Vector(name, std::move(elements)));
 }
-
-bool IsVector(const Symbol& value) { return value.GetFixedType().Get() == Vector::kType; }
-
-s_refptr<Symbol>& LastOf(Values& elements) { return elements[elements.GetSize() - s_uint(1U)]; }
 
 }  // namespace
 
-s_refptr<Values>& Vector::ElementsOf(Symbol& vector) {
+void Vector::Register(State& state) {
+  state.AddType({.name = kType,
+                 .create = Create,
+                 .is_literal = IsLiteral,
+                 .create_from = CreateFrom,
+                 .literal_starts = "<",
+                 .create_list = CreateList});
+  state.AddBinary({
+      {Scalar::kType, "*", kType, On(state, ScaleFromLeft)},
+      {kType, "*", Scalar::kType, On(state, ScaleFromRight)},
+      {kType, "+", kType, On(state, AddElements)},
+      {kType, "-", kType, On(state, SubtractElements)},
+      {kType, "^", kType, On(state, CrossProduct)},
+      {kType, "[]", Scalar::kType, On(state, SelectElement), nullptr, SelectOperand},
+  });
+  state.AddRightUnary({
+      {"+", kType, Copy},  // keeps the operand's name
+      {"-", kType, On(state, NegateElements)},
+  });
+}
+
+s_refptr<Symbol> Vector::CreateFrom(State& state, const s_str& name, const s_str& text,
+                                    s_str& error) {
+  if (IsLiteral(text.GetView())) return state.ParseSymbol(name, text, error, false);
+  AddError(error, messages::NoOperatorFound(text.GetView()));
+  return {};
+}
+
+// ---- The end of a vector ----
+
+s_refptr<Elements>& Vector::ElementsOf(Symbol& vector) {
   return static_cast<Vector&>(vector).elements_;
 }
 
 // Do the elements go when this value does?
 bool Vector::OwnsElementsAlone(const s_refptr<Symbol>& value) {
-  return value.GetCount() == 1U && IsVector(*value) && ElementsOf(*value).GetCount() == 1U;
-}
-
-void Vector::Register(State& state) {
-  state.AddType({kType, Create, TestLiteral, CreateFrom, BuildInPlace, "<"});
-  state.AddBinary({
-      {Scalar::kType, "*",  kType,         On(state, ScaleFromLeft)   },
-      {kType,         "*",  Scalar::kType, On(state, ScaleFromRight)  },
-      {kType,         "+",  kType,         On(state, AddElements)     },
-      {kType,         "-",  kType,         On(state, SubtractElements)},
-      {kType,         "^",  kType,         On(state, CrossProduct)    },
-      {kType,         "[]", Scalar::kType, On(state, SelectElement)   },
-  });
-  state.AddRightUnary({
-      {"+",    kType,    Copy           }, // keeps the operand's name
-      { "-", kType, On(state, NegateElements)},
-  });
+  return value.GetCount() == s_uint(1U) && value->GetKind() == Kind::kList &&
+         ElementsOf(*value).GetCount() == s_uint(1U);
 }
 
 // Vectors in vectors may be nested deeper than any expression that made them, one line at a time.
-// So neither printing nor letting go of them recurses. Nor may letting go ask for memory: while an
-// inner vector is emptied, it holds the elements that it was found among, and its place there holds
-// the vector that was being emptied before.
+// Destruction must not recurse, nor allocate, so it descends by pointer reversal: while an inner
+// vector is emptied, it holds the elements that it was found among, and its place there holds the
+// vector that was being emptied before.
 Vector::~Vector() {
-  s_refptr<Values> elements = std::move(elements_);
+  s_refptr<Elements> elements = std::move(elements_);
   s_refptr<Symbol> innermost;
-  while (elements && elements.GetCount() == 1U) {
-    if (elements->IsEmpty()) {
+  while (elements && elements.GetCount() == s_uint(1U)) {
+    elements->ForgetValues();
+    if (elements->AreNumbers()) {
       if (!innermost) return;
       const s_refptr<Symbol> emptied = std::move(innermost);
       elements = std::move(ElementsOf(*emptied));
-      innermost = std::move(LastOf(*elements));
-    } else if (s_refptr<Symbol>& last = LastOf(*elements); OwnsElementsAlone(last)) {
-      s_refptr<Values> inner = std::move(ElementsOf(*last));
+      innermost = std::move(elements->GetObjects().back());
+    } else if (s_refptr<Symbol>& last = elements->GetObjects().back(); OwnsElementsAlone(last)) {
+      s_refptr<Elements> inner = std::move(ElementsOf(*last));
       std::swap(innermost, last);
       ElementsOf(*innermost) = std::exchange(elements, std::move(inner));
       continue;
     }
-    elements->PopBack();
+    elements->GetObjects().pop_back();
   }
 }
 
-void Vector::AppendTo(s_str& text) const {
-  struct Level {
-    const Values* elements;
-    unsigned int next;
-  };
-  std::vector<Level> levels;
-  const auto open = [&](const Vector& vector) {
-    if (!vector.GetName().IsEmpty()) text.Append(vector.GetName().GetView()).Append(" = ");
-    text += '<';
-    levels.push_back({&vector.GetElements(), 0});
-  };
-  open(*this);
-  while (!levels.empty()) {
-    Level& level = levels.back();
-    if (level.next == level.elements->GetSize().Get()) {
-      text += '>';
-      levels.pop_back();
-      continue;
-    }
-    if (level.next > 0) text.Append(", ");
-    const Symbol& element = *(*level.elements)[level.next++];
-    IsVector(element) ? open(static_cast<const Vector&>(element)) : element.AppendTo(text);
-  }
+// ---- Its text ----
+
+void Vector::Write(TextWriter& out) const {
+  out.AppendNameOf(*this);
+  out.AppendList("<", elements_, ", ", ">");
 }
 
-s_str Vector::ToString() const {
-  s_str text;
-  AppendTo(text);
-  return text;
-}
+s_str Vector::ToString() const { return WriteToText(*this); }
 
 s_str Vector::GetFullType() const { return ToText(GetSize()) + "-" + kType; }
 

@@ -1,11 +1,12 @@
 // Vector is a sequence of fixed length whose elements are all of one type, "<1, 2, 3>". Its
 // arithmetic goes element by element through the State's operators, so that the element type
 // decides what it means. Nothing ever changes the elements: copies of a vector share them, and cost
-// the same whatever its length.
+// the same whatever its length. Numbers are kept plain until somebody asks for objects.
 //   Vector::Register(state);
 //   state.ProcessLine("v=<1, 2>;2*v");  // <2, 4>
 #pragma once
 
+#include "interpreter/elements.h"
 #include "interpreter/registry.h"
 
 namespace Quarn {
@@ -16,41 +17,38 @@ class Vector final : public Symbol {
   static constexpr char kType[] = "Vector";
   static void Register(State& state);
 
-  // Does the text begin with "<" and end with ">"?
-  static bool IsLiteral(std::string_view text) {
-    return text.starts_with('<') && text.ends_with('>');
-  }
-  // The vector of a literal; null, with a message added, when the text is none, when an element
-  // fails or when the elements are of different types. Elements that are references count with the
-  // type of their value, but only beside one that is not a reference.
+  // The vector of a literal between "<" and ">"; null, with a message added, when the text is none,
+  // an element fails, or the elements are of different types. Elements that are references count
+  // with the type of their value, but only beside one that is not a reference.
   static s_refptr<Symbol> CreateFrom(State& state, const s_str& name, const s_str& text,
                                      s_str& error);
-  static s_refptr<Symbol> CreateFromPiece(State& state, const s_str& name, const Piece& literal,
-                                          s_str& error);
 
-  explicit Vector(const s_str& name) : Vector(name, s_refptr<Values>(new Values)) {}  // no elements
+  explicit Vector(const s_str& name) : Vector(name, s_refptr<Elements>(new Elements)) {}
+  Vector(const s_str& name, const Values& elements)
+      : Vector(name, s_refptr<Elements>(new Elements(elements))) {}
   // REQUIRES: elements, and nobody changes them any more.
-  Vector(const s_str& name, s_refptr<Values> elements)
-      : Symbol(name, FixedType(kType)), elements_(std::move(elements)) {}
+  Vector(const s_str& name, s_refptr<Elements> elements)
+      : Symbol(name, Kind::kList), elements_(std::move(elements)) {}
   ~Vector() override;
 
-  // In order, and how many.
-  const Values& GetElements() const { return *elements_; }
-  s_uint GetSize() const { return elements_->GetSize(); }
+  // In order; as objects, the same ones each time.
+  const Values& GetElements() const { return elements_->GetValues(); }
+  const Elements& GetList() const { return *elements_; }
+  s_uint GetSize() const { return static_cast<unsigned int>(elements_->GetSize()); }
 
   s_str ToString() const override;
   s_str GetType() const override { return kType; }
   s_str GetFullType() const override;  // "3-Vector"
   s_refptr<Symbol> Clone() const override { return s_refptr<Symbol>(new Vector(*this)); }
-  void AppendTo(s_str& text) const override;
+  void Write(TextWriter& out) const override;
 
  private:
-  Vector(const Vector& other) : Symbol(other, FixedType(kType)), elements_(other.elements_) {}
+  Vector(const Vector& other) : Symbol(other, Kind::kList), elements_(other.elements_) {}
 
-  static s_refptr<Values>& ElementsOf(Symbol& vector);
+  static s_refptr<Elements>& ElementsOf(Symbol& vector);
   static bool OwnsElementsAlone(const s_refptr<Symbol>& value);
 
-  s_refptr<Values> elements_;
+  s_refptr<Elements> elements_;
 };
 
 }  // namespace Quarn

@@ -4,52 +4,84 @@
 #include <cmath>
 #include <thread>
 
+#include "interpreter/core.h"
 #include "interpreter/messages.h"
 #include "interpreter/state.h"
 #include "types/lift.h"
 #include "types/vector.h"
+#include "utils/s_str_convert.h"
 
 namespace Quarn {
 namespace {
 
-const Values& ElementsOf(const s_refptr<Symbol>& vector) {
-  return static_cast<const Vector&>(*vector).GetElements();
+const Elements& ElementsOf(const s_refptr<Symbol>& vector) {
+  return static_cast<const Vector&>(*vector).GetList();
 }
 
-// The vector of what `f` makes of each element; null when it fails for one. Elements may be vectors
-// in their turn, and so on down.
+s_uint ToUint(std::size_t size) { return static_cast<unsigned int>(size); }
+
+// What an operator does to plain numbers; null when that needs objects.
+BinaryOnNumbers FindOnNumbers(State& state, std::string_view op) {
+  return state.GetCore().registries.GetOnNumbers(FindOperator(op));
+}
+
+// An element as an object; and the way back. Both are kept out of the recursion below, where their
+// temporaries would take stack at every level.
+[[gnu::noinline]] s_refptr<Symbol> GetObject(const Elements& elements, std::size_t index) {
+  return elements[index].Take();
+}
+[[gnu::noinline]] void Add(Elements& elements, s_refptr<Symbol> element) {
+  elements.Add(Operand(std::move(element)));
+}
+[[gnu::noinline]] s_refptr<Symbol> NewVector(s_refptr<Elements> elements) {
+  return s_refptr<Symbol>(new Vector(Symbol::NoName(), std::move(elements)));
+}
+
+// The vector of what `f` makes of each index; null when it fails for one. Elements may be vectors
+// in their turn, and so on down the stack.
 template <class F>
-s_refptr<Symbol> MapElements(State& state, const Values& elements, F f) {
-  const Depth::Level level(state.GetDepth());
-  if (!level.IsGranted()) return {};
-  s_refptr<Values> results(new Values);
-  for (const s_refptr<Symbol>& element : elements) {
-    s_refptr<Symbol> result = f(element);
+s_refptr<Symbol> MakeElements(std::size_t size, F f) {
+  const s_refptr<Elements> results(new Elements);
+  for (std::size_t i = 0; i < size; ++i) {
+    s_refptr<Symbol> result = f(i);
     if (!result) return {};
-    results->PushBack(std::move(result));
+    Add(*results, std::move(result));
   }
-  return s_refptr<Symbol>(new Vector(Symbol::NoName(), std::move(results)));
+  return NewVector(results);
+}
+
+// The same on numbers, which cannot fail.
+template <class F>
+s_refptr<Symbol> MakeNumbers(std::size_t size, F f) {
+  std::vector<double> results(size);
+  for (std::size_t i = 0; i < size; ++i) results[i] = f(i);
+  return NewVector(s_refptr<Elements>(new Elements(std::move(results))));
 }
 
 s_refptr<Symbol> CombineElements(State& state, std::string_view op, std::string_view verb,
-                                 const Values& left, const Values& right, s_str& error) {
-  if (left.GetSize() != right.GetSize()) {
-    AddError(error, messages::DifferentLengths(verb, left.GetSize(), right.GetSize()));
+                                 const Elements& left, const Elements& right, s_str& error) {
+  const std::size_t size = left.GetSize();
+  if (size != right.GetSize()) {
+    AddError(error, messages::DifferentLengths(verb, ToUint(size), ToUint(right.GetSize())));
     return {};
   }
-  auto other = right.begin();
-  return MapElements(state, left, [&](const s_refptr<Symbol>& element) {
-    return state.ApplyBinaryOperator(op, element, *other++, error);
+  const BinaryOnNumbers on_numbers = FindOnNumbers(state, op);
+  if (on_numbers && left.AreNumbers() && right.AreNumbers()) {
+    const double* const a = left.GetNumbers().data();
+    const double* const b = right.GetNumbers().data();
+    return MakeNumbers(size, [&](std::size_t i) { return on_numbers(a[i], b[i]); });
+  }
+  return MakeElements(size, [&](std::size_t i) {
+    return state.ApplyBinaryOperator(op, GetObject(left, i), GetObject(right, i), error);
   });
 }
 
 // One component of the cross product: a * b - c * d.
-s_refptr<Symbol> DifferenceOfProducts(State& state, const s_refptr<Symbol>& a,
-                                      const s_refptr<Symbol>& b, const s_refptr<Symbol>& c,
-                                      const s_refptr<Symbol>& d, s_str& error) {
-  s_refptr<Symbol> first = state.ApplyBinaryOperator("*", a, b, error);
+s_refptr<Symbol> DifferenceOfProducts(State& state, const Operand& a, const Operand& b,
+                                      const Operand& c, const Operand& d, s_str& error) {
+  s_refptr<Symbol> first = state.ApplyBinaryOperator("*", a.Box(), b.Box(), error);
   if (!first) return {};
-  s_refptr<Symbol> second = state.ApplyBinaryOperator("*", c, d, error);
+  s_refptr<Symbol> second = state.ApplyBinaryOperator("*", c.Box(), d.Box(), error);
   if (!second) return {};
   return state.ApplyBinaryOperator("-", std::move(first), std::move(second), error);
 }
@@ -64,26 +96,41 @@ s_refptr<Symbol> DifferenceOfProducts(State& state, const s_refptr<Symbol>& a,
 
 // The index within `size` elements that a number selects. REQUIRES: size is not 0, and the number
 // is not infinite.
-unsigned int WrapIndex(double index, unsigned int size) {
+std::size_t WrapIndex(double index, std::size_t size) {
   if (std::isnan(index)) return 0;
   // The remainder is exact, however large the number.
-  const double remainder = std::fmod(std::round(index), size);
-  return static_cast<unsigned int>(remainder < 0 ? remainder + size : remainder);
+  const auto length = static_cast<double>(size);
+  const double remainder = std::fmod(std::round(index), length);
+  return static_cast<std::size_t>(remainder < 0 ? remainder + length : remainder);
 }
 
 }  // namespace
 
 s_refptr<Symbol> ScaleFromLeft(State& state, const s_refptr<Symbol>& scalar,
                                const s_refptr<Symbol>& vector, s_str& error) {
-  return MapElements(state, ElementsOf(vector), [&](const s_refptr<Symbol>& element) {
-    return state.ApplyBinaryOperator("*", scalar, element, error);
+  const Elements& elements = ElementsOf(vector);
+  const BinaryOnNumbers on_numbers = FindOnNumbers(state, "*");
+  if (on_numbers && elements.AreNumbers()) {
+    const double number = NumberOf(*scalar);
+    const double* const a = elements.GetNumbers().data();
+    return MakeNumbers(elements.GetSize(), [&](std::size_t i) { return on_numbers(number, a[i]); });
+  }
+  return MakeElements(elements.GetSize(), [&](std::size_t i) {
+    return state.ApplyBinaryOperator("*", scalar, GetObject(elements, i), error);
   });
 }
 
 s_refptr<Symbol> ScaleFromRight(State& state, const s_refptr<Symbol>& vector,
                                 const s_refptr<Symbol>& scalar, s_str& error) {
-  return MapElements(state, ElementsOf(vector), [&](const s_refptr<Symbol>& element) {
-    return state.ApplyBinaryOperator("*", element, scalar, error);
+  const Elements& elements = ElementsOf(vector);
+  const BinaryOnNumbers on_numbers = FindOnNumbers(state, "*");
+  if (on_numbers && elements.AreNumbers()) {
+    const double number = NumberOf(*scalar);
+    const double* const a = elements.GetNumbers().data();
+    return MakeNumbers(elements.GetSize(), [&](std::size_t i) { return on_numbers(a[i], number); });
+  }
+  return MakeElements(elements.GetSize(), [&](std::size_t i) {
+    return state.ApplyBinaryOperator("*", GetObject(elements, i), scalar, error);
   });
 }
 
@@ -98,45 +145,52 @@ s_refptr<Symbol> SubtractElements(State& state, const s_refptr<Symbol>& left,
 }
 
 s_refptr<Symbol> NegateElements(State& state, const s_refptr<Symbol>& vector, s_str& error) {
-  return MapElements(state, ElementsOf(vector), [&](const s_refptr<Symbol>& element) {
-    return state.ApplyRightUnaryOperator("-", element, error);
+  const Elements& elements = ElementsOf(vector);
+  const UnaryOnNumbers on_numbers =
+      state.GetCore().registries.GetRightUnary().on_numbers[FindOperator("-")];
+  if (on_numbers && elements.AreNumbers()) {
+    const double* const a = elements.GetNumbers().data();
+    return MakeNumbers(elements.GetSize(), [&](std::size_t i) { return on_numbers(a[i]); });
+  }
+  return MakeElements(elements.GetSize(), [&](std::size_t i) {
+    return state.ApplyRightUnaryOperator("-", GetObject(elements, i), error);
   });
 }
 
 s_refptr<Symbol> CrossProduct(State& state, const s_refptr<Symbol>& left,
                               const s_refptr<Symbol>& right, s_str& error) {
-  const Values& a = ElementsOf(left);
-  const Values& b = ElementsOf(right);
-  constexpr unsigned int kLength = 3;
-  if (a.GetSize() != s_uint(kLength) || b.GetSize() != s_uint(kLength)) {
+  const Elements& a = ElementsOf(left);
+  const Elements& b = ElementsOf(right);
+  constexpr std::size_t kLength = 3;
+  if (a.GetSize() != kLength || b.GetSize() != kLength) {
     AddError(error, messages::OnlyFor3Vectors());
     return {};
   }
-  const Depth::Level level(state.GetDepth());
-  if (!level.IsGranted()) return {};
-  s_refptr<Values> components(new Values);
-  for (unsigned int i = 0; i < kLength; ++i) {
-    const unsigned int j = (i + 1) % kLength;
-    const unsigned int k = (i + 2) % kLength;
-    s_refptr<Symbol> component = DifferenceOfProducts(state, a[j], b[k], a[k], b[j], error);
-    if (!component) return {};
-    components->PushBack(std::move(component));
+  return MakeElements(kLength, [&](std::size_t i) {
+    const std::size_t j = (i + 1) % kLength;
+    const std::size_t k = (i + 2) % kLength;
+    return DifferenceOfProducts(state, a[j], b[k], a[k], b[j], error);
+  });
+}
+
+std::optional<Operand> SelectOperand(State& state, const Operand& vector, const Operand& index,
+                                     s_str& error) {
+  const Elements& elements = ElementsOf(vector.GetValue());
+  if (elements.GetSize() == 0) {
+    AddError(error, messages::CannotIndexEmpty());
+    return {};
   }
-  return s_refptr<Symbol>(new Vector(Symbol::NoName(), std::move(components)));
+  const double number = index.IsNumber() ? index.GetNumber() : NumberOf(*index.GetValue());
+  if (std::isinf(number)) NeverReturn(state);  // GCOVR_EXCL_LINE: as above
+  const Operand element = elements[WrapIndex(number, elements.GetSize())];
+  return element.IsNumber() ? element : Operand::CopyOf(*element.GetValue());
 }
 
 s_refptr<Symbol> SelectElement(State& state, const s_refptr<Symbol>& vector,
                                const s_refptr<Symbol>& index, s_str& error) {
-  const Values& elements = ElementsOf(vector);
-  if (elements.IsEmpty()) {
-    AddError(error, messages::CannotIndexEmpty());
-    return {};
-  }
-  const double number = NumberOf(*index);
-  if (std::isinf(number)) NeverReturn(state);  // GCOVR_EXCL_LINE: as above
-  s_refptr<Symbol> element = elements[WrapIndex(number, elements.GetSize().Get())]->Clone();
-  element->SetName(Symbol::NoName());
-  return element;
+  const std::optional<Operand> element =
+      SelectOperand(state, Operand(vector), Operand(index), error);
+  return element ? element->Box() : s_refptr<Symbol>();
 }
 
 }  // namespace Quarn

@@ -3,6 +3,9 @@
 // there, and the message is the one of that element. Indices start at 0.
 #pragma once
 
+#include <optional>
+
+#include "interpreter/operand.h"
 #include "interpreter/registry.h"
 
 namespace Quarn {
@@ -26,6 +29,9 @@ s_refptr<Symbol> NegateElements(State&, const s_refptr<Symbol>& vector, s_str& e
 s_refptr<Symbol> CrossProduct(State&, const s_refptr<Symbol>& left, const s_refptr<Symbol>& right,
                               s_str& error);
 
+// As below, without objects for numbers.
+std::optional<Operand> SelectOperand(State&, const Operand& vector, const Operand& index,
+                                     s_str& error);
 // A copy of the element at the index, which is rounded, halves away from zero, and wraps at both
 // ends: -1 is the last. NaN selects the first. Fails on a vector without elements.
 // Kept on purpose: an infinite index never comes into range, so this never returns.

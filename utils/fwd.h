@@ -1,4 +1,4 @@
-// Forward declarations and short names of the vocabulary types.
+// Forward declarations of the vocabulary types, and the short names that the code uses for them.
 #pragma once
 
 #include <concepts>

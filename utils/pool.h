@@ -1,7 +1,9 @@
-// Pool allocates the small blocks of values and their counts, since an expression makes and drops a
-// value per operand. Blocks are cut from slabs and freed to a list per size; slabs are never freed.
-// The lists are thread-local, so nothing is locked, and a thread that ends leaves them to the next
-// one that starts. A block may be freed on another thread.
+// Pool hands out the small blocks that values and their counts live in. An expression makes and
+// drops a value per operand, and the general allocator would be the dearest part of it. Blocks are
+// cut from slabs, and those given back wait in a list per size for the next one. Slabs are kept to
+// the end of the process; the lists belong to a thread, so nothing is locked, and a thread that
+// ends leaves them to the next one that begins. A block may be given back on another thread than
+// the one that asked.
 //   void* block = Pool::Allocate(sizeof(Scalar));
 //   Pool::Free(block, sizeof(Scalar));
 #pragma once
@@ -13,7 +15,8 @@ namespace Quarn {
 
 class Pool {
  public:
-  // Aligned for any object of that size that is not over-aligned. Throws std::bad_alloc.
+  // A block of at least `size` bytes, aligned for any object of that size, but for types that ask
+  // for more than the default alignment. Throws std::bad_alloc.
   static void* Allocate(std::size_t size) {
     const std::size_t index = Index(size);
     if (!kPooled || index >= kSizes || !lists_.free[index]) return AllocateFresh(size);
@@ -22,7 +25,7 @@ class Pool {
     return block;
   }
 
-  // REQUIRES: the block is null or came from Allocate with the same size.
+  // Gives a block back. REQUIRES: it came from Allocate with the same size, or is null.
   static void Free(void* block, std::size_t size) noexcept {
     const std::size_t index = Index(size);
     if (!kPooled || index >= kSizes) return ::operator delete(block);
@@ -30,7 +33,7 @@ class Pool {
   }
 
  private:
-  // Sanitizers must see every block, so there the general allocator serves all.
+  // Under a sanitizer every block comes from the general allocator, which then sees each misuse.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
   static constexpr bool kPooled = false;
 #elif defined(__has_feature)
@@ -44,20 +47,21 @@ class Pool {
   static constexpr bool kPooled = true;
 #endif
 
-  static constexpr std::size_t kStep = 8;    // the counts of a shared pointer
+  // The counts of a shared pointer take one step.
+  static constexpr std::size_t kStep = 8;
   static constexpr std::size_t kSizes = 32;  // blocks up to 256 bytes
 
   struct Block {
     Block* next;
   };
 
-  // Plain data: access needs no initialisation guard, and an object destroyed after the thread's
-  // clean-up can still free its block.
+  // Plain data, so that reading it needs no guard, and a block given back by an object that dies
+  // after the thread's own clean-up still finds a list.
   struct Lists {
     Block* free[kSizes];
   };
   static constinit thread_local Lists lists_;
-  static Lists left_behind_;  // by ended threads
+  static Lists left_behind_;  // by threads that ended
 
   struct AtThreadExit;
 

@@ -16,6 +16,12 @@ Workloads (SIZE):
   W5   start-up: an empty script (SIZE ignored)
   W6   SIZE lines of function calls such as max(min(1,2),round(2.6))
   W7   SIZE distinct variables defined, then read back one by one
+  R1   SIZE references, each one more than the one before, then their base changed and the last
+       one read; R1P the same with plain values
+  R2   as R1, defined from the last, before there is a base
+  R3   SIZE references to one base, which is changed 500 times with one of them read each time;
+       R3P the same with plain values in the place of the references
+       (all of R in the dialect calc only)
 
 Dialects: calc (mirlow's own syntax; also read by every line-at-a-time driver),
 bc, dc, apcalc, qalc, octave, gp, lua, python, gawk, tcl, fend.
@@ -25,7 +31,7 @@ import random
 import sys
 
 DIALECTS = "calc bc dc apcalc qalc octave gp lua python gawk tcl fend".split()
-WORKLOADS = "W1 W2 W3 W3P W3L W4 W4I W5 W6 W7".split()
+WORKLOADS = "W1 W2 W3 W3P W3L W4 W4I W5 W6 W7 R1 R1P R2 R3 R3P".split()
 
 # ---- expressions: ("n", text) ("v", name) ("neg", e) ("call", f, [e...]) (op, l, r)
 PREC = {"+": 1, "-": 1, "*": 2, "/": 2}
@@ -268,13 +274,32 @@ def w4_reps(size):
     return max(1, 100_000 // size)
 
 
+CHANGES = 500   # of the base of a fan
+
+
+def reference_lines(workload, size):
+    is_plain = workload.endswith("P")
+    equals = "=" if is_plain else "&="
+    if workload in ("R3", "R3P"):
+        changes = [t for i in range(CHANGES) for t in (f"a={i}", f"r{i * 7919 % size}")]
+        return ["a=1"] + [f"r{i}{equals}a+{i}" for i in range(size)] + changes
+    links = [f"r{i}{equals}r{i - 1}+1" for i in range(1, size + 1)]
+    if workload == "R2":
+        return links[::-1] + ["r0=1", "r0=5", f"r{size}"]
+    return ["r0=1"] + links + ["r0=5", f"r{size}"]
+
+
 def gen(workload, size, dialect):
     """the script text, or None when the dialect cannot say it"""
     d = BY_NAME[dialect]
     if workload == "W5":
         return d.header(workload) + d.footer(workload) if dialect == "gawk" else ""
     body = []
-    if workload == "W1":
+    if workload.startswith("R"):
+        if dialect != "calc":
+            return None            # no references
+        body = reference_lines(workload, size)
+    elif workload == "W1":
         for name, e in w1_lines(size):
             t = d.expr(e)
             body.append(d.assign(name, t) if name else d.show(t))
@@ -347,6 +372,15 @@ def expected(workload, size):
     if workload == "W7":
         v = [float(i) if i % 2 else i + 0.5 for i in range(size)]
         return v + [v[i * 7919 % size] for i in range(size)]
+    if workload.startswith("R"):   # a definition ends with its expression
+        out = [None] * len(reference_lines(workload, size))
+        if workload in ("R3", "R3P"):
+            for i in range(CHANGES):
+                k = i * 7919 % size
+                out[size + 2 + 2 * i] = float(k + (1 if workload == "R3P" else i))
+        else:
+            out[-1] = float(size + (1 if workload == "R1P" else 5))
+        return out
     raise ValueError(workload)
 
 

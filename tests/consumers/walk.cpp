@@ -17,7 +17,7 @@ int main() {
   Quarn::State state;
   Quarn::Vector::Register(state);
   state.SetSymbol("x", Quarn::FromNumber(1));
-  for (const Quarn::s_str& name : state.GetSymbols().GetNames()) Print("symbol", name);
+  for (const Quarn::s_str& name : state.GetSymbolNames()) Print("symbol", name);
   for (const auto& [type, row] : state.GetTypes()) Print("type", type);
   for (const auto& [name, overloads] : state.GetFunctions()) {
     for (const auto& [signature, body] : overloads) Print("function", name + signature);

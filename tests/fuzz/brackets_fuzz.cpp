@@ -1,13 +1,12 @@
-// Properties of the two ways to cut a text at its top level, State::CheckBrackets and Piece, at
-// operators that are kept and at commas that are dropped:
+// Properties of State::CheckBrackets, which cuts a text at its top level, at operators that are
+// kept and at commas that are dropped:
 //   the pieces, with separators kept, join to the input;
-//   both cut alike, and say the same of brackets that are not balanced;
-//   a slow reading, which starts anew for each character, cuts like them.
+//   a slow reading, which starts anew for each character, cuts alike, and says the same of brackets
+//   that are not balanced.
 // Nothing is skipped; texts of more than 300 characters go without the slow reading.
 #include <functional>
 #include <sstream>
 
-#include "interpreter/source.h"
 #include "interpreter/state.h"
 #include "tests/fuzz/fuzz.h"
 #include "tests/support/small_world.h"
@@ -31,33 +30,6 @@ std::string Cut(const State& state, const std::string& text, const State::Separa
   return cut;
 }
 
-std::string CutInPlaceAtOperators(Piece rest) {
-  s_str error;
-  if (!rest.CheckBrackets(error)) return error.Get();
-  const bool is_single = rest.HoldsNoOperator();
-  std::string cut;
-  bool met_operator = false;
-  while (!rest.IsEmpty()) {
-    const Piece operand = rest.CutBefore(CharacterClass::kOperator);
-    if (!operand.IsEmpty()) cut += "|" + std::string(operand.GetText());
-    if (rest.IsEmpty()) break;
-    met_operator = true;
-    cut += std::string("|") + rest.GetText().front();
-    rest.DropFirst();
-  }
-  Require(is_single != met_operator, "HoldsNoOperator tells whether one is met", cut);
-  return cut;
-}
-
-std::string CutInPlaceAtCommas(const Piece& list) {
-  s_str error;
-  if (!list.CheckBrackets(error)) return error.Get();
-  std::string cut;
-  Parts parts(list);
-  for (Piece part; parts.Next(part);) cut += "|" + std::string(part.GetText());
-  return cut;
-}
-
 State::SeparatorTest At(char wanted) {
   return [wanted](s_str::const_iterator position, const s_str&, s_str& separator) {
     separator = s_str().Append(wanted);
@@ -75,12 +47,8 @@ void Try(std::string_view input) {
   const State::SeparatorTest operators =
       std::bind(&State::IsOperatorAt, &state, std::placeholders::_1, std::placeholders::_2,
                 std::placeholders::_3);
-  BracketRoom room;
-  const Source source(text, room);
   const std::string at_commas = Cut(state, text, At(','), false);
-  RequireEqual(CutInPlaceAtOperators(Piece(source)), Cut(state, text, operators, true),
-               "both cut alike at operators");
-  RequireEqual(CutInPlaceAtCommas(Piece(source)), at_commas, "both cut alike at commas");
+  Cut(state, text, operators, true);
   if (text.size() > kLongestForSlow) return;
   RequireEqual(SlowBrackets(text).Cut(',', false), at_commas, "the slow reading cuts alike");
   RequireEqual(SlowBrackets(text).Cut('+', true), Cut(state, text, At('+'), true),

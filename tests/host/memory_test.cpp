@@ -203,7 +203,7 @@ TEST_F(MemoryTest, WhatAHostAsksForMayFailAtAnyAllocation) {
   FailAtEach("erase", [&] { state_.EraseSymbol("anewname"); });
   FailAtEach("numbers", [&] { ToNumbers(FromNumbers({1, 2, 3})); });
   FailAtEach("text", [&] { ToText(state_.GetSymbol("v")); });
-  FailAtEach("names", [&] { state_.GetSymbols().GetNames(); });
+  FailAtEach("names", [&] { state_.GetSymbolNames(); });
 }
 
 TEST_F(MemoryTest, AnotherStateMayFailToBeMade) {
@@ -248,7 +248,7 @@ TEST_F(MemoryTest, AnOperatorThatCouldNotBeReplacedIsInUseAsItIsRegistered) {
     });
     for (const char* op : {"+", "-"}) {
       const auto& by_left = fresh.GetBinaryOperators().find(op)->second;
-      const BinaryOperator& registered = by_left.find("Scalar")->second.find("Scalar")->second;
+      const BinaryOperator& registered = by_left.find("Scalar")->second.find("Scalar")->second.body;
       s_str error;
       EXPECT_EQ(ToNumber(fresh.Compute(std::string("1+2+3").replace(3, 1, op)).value),
                 ToNumber(registered(fresh.Compute("1+2").value, FromNumber(3), error)))
@@ -279,17 +279,13 @@ TEST_F(MemoryTest, AFunctionThatCouldNotBeRegisteredIsUnknown) {
 
 // Either the earlier one with its literals, or the new one with its own.
 TEST_F(MemoryTest, ATypeThatCouldNotBeReplacedIsWhole) {
-  const TypeRow kSecond{"Digits",
-                        [](const s_str&) { return FromNumber(2); },
-                        [](const s_str& text) -> s_bool { return text == "#2"; },
+  const TypeRow kSecond{"Digits", [](const s_str&) { return FromNumber(2); },
+                        [](std::string_view text) -> s_bool { return text == "#2"; },
                         [](State&, const s_str&, const s_str&, s_str&) { return FromNumber(2); },
-                        nullptr,
                         "#"};
-  const TypeRow kFirst{"Digits",
-                       [](const s_str&) { return FromNumber(1); },
-                       [](const s_str& text) -> s_bool { return text == "#1"; },
+  const TypeRow kFirst{"Digits", [](const s_str&) { return FromNumber(1); },
+                       [](std::string_view text) -> s_bool { return text == "#1"; },
                        [](State&, const s_str&, const s_str&, s_str&) { return FromNumber(1); },
-                       nullptr,
                        "#"};
   for (long allocations = 0;; allocations += kStep) {
     state_.AddType(kFirst);

@@ -1,8 +1,10 @@
 // Compares random sessions with the model until so many commands were compared.
-//   compare COMMANDS [SEED]   a seed of the clock's when none is given
+//   compare COMMANDS [SEED [references]]   a seed of the clock's when none is given
+// With the last word, sessions that are mostly about references.
 // Ends with 1 on the first difference, after shrinking it, and names the session's seed.
 #include <chrono>
 #include <cstdlib>
+#include <cstring>
 #include <iostream>
 #include <string>
 
@@ -10,6 +12,8 @@
 
 namespace Quarn::model {
 namespace {
+
+using Generator = std::vector<Step> (*)(std::uint64_t seed, std::size_t length);
 
 constexpr std::size_t kLines = 30;
 constexpr std::size_t kMillion = 1000000;
@@ -27,7 +31,7 @@ std::size_t CountCommands(const std::vector<Step>& session, std::size_t lines) {
   return commands;
 }
 
-int Run(std::size_t wanted, std::uint64_t seed) {
+int Run(Generator generate, std::size_t wanted, std::uint64_t seed) {
   std::cout << "seed " << seed << std::endl;
   std::size_t commands = 0, sessions = 0, shown = 0;
   for (; commands < wanted; ++sessions, ++seed) {
@@ -36,7 +40,7 @@ int Run(std::size_t wanted, std::uint64_t seed) {
       std::cout << shown << ",000,000 commands so far" << std::endl;
     }
     const auto random_seed = static_cast<unsigned int>(seed);
-    const std::vector<Step> session = Session(seed, kLines);
+    const std::vector<Step> session = generate(seed, kLines);
     const Comparison comparison = Compare(session, random_seed);
     commands += CountCommands(session, comparison.lines);
     if (!comparison.difference) continue;
@@ -53,12 +57,15 @@ int Run(std::size_t wanted, std::uint64_t seed) {
 }  // namespace Quarn::model
 
 int main(int count, char** values) {
-  if (count < 2 || count > 3) {
-    std::cerr << "usage: compare COMMANDS [SEED]\n";
+  const bool is_about_references = count == 4 && std::strcmp(values[3], "references") == 0;
+  if (count < 2 || (count > 3 && !is_about_references)) {
+    std::cerr << "usage: compare COMMANDS [SEED [references]]\n";
     return 2;
   }
+  namespace model = Quarn::model;
   const auto clock = std::chrono::system_clock::now().time_since_epoch().count();
   const std::uint64_t seed =
-      count == 3 ? std::strtoull(values[2], nullptr, 10) : static_cast<std::uint64_t>(clock);
-  return Quarn::model::Run(std::strtoull(values[1], nullptr, 10), seed);
+      count >= 3 ? std::strtoull(values[2], nullptr, 10) : static_cast<std::uint64_t>(clock);
+  return model::Run(is_about_references ? model::ReferenceSession : model::Session,
+                    std::strtoull(values[1], nullptr, 10), seed);
 }

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "tests/model/generator_answers.h"
 #include "tests/model/generator_expression.h"
 #include "tests/model/generator_random.h"
 
@@ -23,8 +24,7 @@ class LineWriter {
     do {
       step.line = is_start ? Start() : Line();
     } while (step.line == "q" || step.line == "exit");
-    const std::size_t questions = Questions(step.line);
-    for (std::size_t i = 0; i < questions; ++i) step.answers.push_back(Answer());
+    step.answers = AnswersTo(step.line, dice_);
     return step;
   }
 
@@ -159,25 +159,6 @@ class LineWriter {
         if (at + 1 < line.size()) std::swap(line[at], line[at + 1]);
         break;
     }
-  }
-
-  // The commands that are nothing but "~".
-  static std::size_t Questions(const std::string& line) {
-    std::size_t questions = 0;
-    std::string piece;
-    for (char c : line + ";") {
-      if (c != ';') {
-        piece += c;
-        continue;
-      }
-      if (piece == "~") ++questions;
-      piece.clear();
-    }
-    return questions;
-  }
-
-  std::string Answer() {
-    return dice_.Pick({"", "y", "Y", "n", "n", "N", "no", "yes", " y", "y "});
   }
 
   Dice dice_;

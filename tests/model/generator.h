@@ -20,4 +20,8 @@ struct Step {
 
 std::vector<Step> Session(std::uint64_t seed, std::size_t length);
 
+// Nine lines in ten are about references: chains, fans, rings and what becomes of them when names
+// are changed, erased, declared or given later.
+std::vector<Step> ReferenceSession(std::uint64_t seed, std::size_t length);
+
 }  // namespace Quarn::model

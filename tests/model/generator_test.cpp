@@ -145,7 +145,7 @@ TEST(Session, ReachesEveryKindOfOutput) {
                             "Cannot substract",
                             "cross product",
                             "empty Vector",
-                            "nested too deeply",
+                            "leads back to itself",
                             "Help :",
                             "inf+",
                             "inf-",

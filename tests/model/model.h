@@ -47,19 +47,13 @@ ValuePtr NewVector(const std::string& name, const std::vector<ValuePtr>& element
 ValuePtr NewReference(const std::string& name, const std::string& expression);
 ValuePtr Renamed(const ValuePtr& value, const std::string& name);
 
-// What becomes of a command that evaluates a reference which leads back to itself.
-enum class Rings {
-  kAnswered,  // "nested too deeply", or the expression text where a reference is only shown
-  kOutside,   // throws Outside
-};
-
 class Model {
  public:
   // Stands for the standard library's rand: each call is one draw.
   using Random = std::function<int()>;
 
   Model();
-  explicit Model(Random random, Rings rings = Rings::kAnswered);
+  explicit Model(Random random);
 
   // Carries out one line and returns all that it prints. The question after "~" takes the first of
   // the answers, or an empty one when there is none left. Throws Outside.
@@ -67,7 +61,15 @@ class Model {
 
  private:
   class Frame;
-  struct TooDeep {};
+  // A reference led back to the one with this expression, which is being evaluated.
+  struct Ring {
+    std::string expression;
+  };
+  // What a reference stands for, or, where there is none, the expression that failed.
+  struct Followed {
+    ValuePtr value;
+    std::string failed;
+  };
   using Binary = ValuePtr (Model::*)(const ValuePtr&, const ValuePtr&, std::string&);
   using Unary = ValuePtr (Model::*)(const ValuePtr&, std::string&);
   struct BinaryRow;
@@ -90,6 +92,7 @@ class Model {
   void Define(const std::string& name, const std::string& type, const ValuePtr& value);
   void ForgetLast();
   void Print(const std::string& text);
+  void ForgetRing();
   std::string ShownType(const ValuePtr& value);
   std::string ShownText(const ValuePtr& value);
 
@@ -144,20 +147,21 @@ class Model {
   std::string TypeOf(const ValuePtr& value);
   std::string TextOf(const ValuePtr& value);
   std::string VectorText(const ValuePtr& value);
-  ValuePtr Follow(const ValuePtr& reference);
+  std::string ReferenceText(const ValuePtr& reference);
+  std::string ElementText(const ValuePtr& element);
+  Followed Follow(const ValuePtr& reference);
   ValuePtr Resolve(const ValuePtr& value);
-  [[noreturn]] void MeetRing() const;
 
   Random random_;
-  Rings rings_;
   std::map<std::string, ValuePtr> symbols_;  // the last result too, under "_"
   std::string output_;
 
   // These begin anew with each command.
-  std::vector<std::string> active_;  // what is being done at the moment, outermost first
+  std::vector<std::string> evaluated_;  // the expressions of references under way, outermost first
+  std::vector<std::string> written_;    // those whose values are being written
+  bool shows_rings_ = false;            // is nothing evaluated for which a ring would be an error?
+  std::size_t levels_ = 0;
   std::size_t work_ = 0;
-  std::size_t draws_ = 0;
-  bool met_ring_ = false;
 };
 
 }  // namespace Quarn::model

@@ -1,4 +1,6 @@
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "tests/model/model.h"
 #include "tests/model/model_frame.h"
@@ -45,7 +47,7 @@ const Model::UnaryRow Model::kUnaryRows[] = {
 // operator that is known, the right one for a left type that is known.
 ValuePtr Model::ApplyBinary(const std::string& op, const ValuePtr& left, const ValuePtr& right,
                             std::string& error) {
-  const Frame frame(*this, "", "");
+  const Frame frame(*this, "");
   bool known = false;
   for (const BinaryRow& row : kBinaryRows) known = known || row.op == op;
   if (!known) return NoMatch(op, left, right, error);
@@ -71,7 +73,7 @@ ValuePtr Model::ApplyBinary(const std::string& op, const ValuePtr& left, const V
 
 ValuePtr Model::ApplyRightUnary(const std::string& op, const ValuePtr& operand,
                                 std::string& error) {
-  const Frame frame(*this, "", "");
+  const Frame frame(*this, "");
   bool known = false;
   for (const UnaryRow& row : kUnaryRows) known = known || row.op == op;
   const ValuePtr value = known ? Resolve(operand) : nullptr;
@@ -113,7 +115,14 @@ ValuePtr Model::NoMatch(const std::string& op, const ValuePtr& left, const Value
 }
 
 std::string Model::OperandText(const ValuePtr& operand) {
-  return operand->name.empty() ? TextOf(operand) : "";
+  if (!operand->name.empty()) return "";
+  // Another text may be being written, of a value that holds what is evaluated here.
+  const std::vector<std::string> outer = std::exchange(written_, {});
+  const bool showed_rings = std::exchange(shows_rings_, false);
+  const std::string text = TextOf(operand);
+  written_ = outer;
+  shows_rings_ = showed_rings;
+  return text;
 }
 
 }  // namespace Quarn::model

@@ -101,7 +101,6 @@ ValuePtr Model::Call(const std::string& function, const std::vector<ValuePtr>& a
 double Model::RandomBetween(double low, double high) {
   if (!std::isfinite(low) || !std::isfinite(high)) return std::numeric_limits<double>::quiet_NaN();
   if (low > high) return low;
-  ++draws_;
   const int drawn = random_();
   return low + (drawn / 2147483647.0) * (high - low);
 }

@@ -39,17 +39,13 @@ ValuePtr NewOfType(const std::string& type, const std::string& name) {
 
 Model::Model() : Model([] { return std::rand(); }) {}
 
-Model::Model(Random random, Rings rings) : random_(std::move(random)), rings_(rings) {
-  ForgetLast();
-}
+Model::Model(Random random) : random_(std::move(random)) { ForgetLast(); }
 
 std::string Model::Run(const std::string& line, std::deque<std::string>& answers) {
   output_.clear();
   for (const std::string& piece : Cut(line, ';')) {
-    active_.clear();
+    levels_ = 0;
     work_ = 0;
-    draws_ = 0;
-    met_ring_ = false;
     RunPiece(piece, answers);
   }
   return output_;
@@ -158,8 +154,9 @@ ValuePtr Model::EvaluateCommand(const std::string& name, const std::string& expr
                                 std::string& error, bool allow_new_symbol) {
   try {
     return Evaluate(name, expression, error, allow_new_symbol);
-  } catch (const TooDeep&) {
-    error = "\tError : Expression is nested too deeply";
+  } catch (const Ring& ring) {
+    ForgetRing();
+    error = "\tError : Reference '" + ring.expression + "' leads back to itself";
     return nullptr;
   }
 }
@@ -178,21 +175,30 @@ void Model::Print(const std::string& text) { output_ += text; }
 std::string Model::ShownType(const ValuePtr& value) {
   try {
     return TypeOf(value);
-  } catch (const TooDeep&) {
-    met_ring_ = true;
+  } catch (const Ring&) {
+    ForgetRing();
     return OwnType(value->kind);
   }
 }
 
 // A reference that meets a ring while it is shown counts as one that fails.
 std::string Model::ShownText(const ValuePtr& value) {
+  shows_rings_ = true;
   try {
-    if (!met_ring_) return TextOf(value);
-  } catch (const TooDeep&) {
-    met_ring_ = true;
+    const std::string text = TextOf(value);
+    shows_rings_ = false;
+    return text;
+  } catch (const Ring&) {
+    ForgetRing();
+    return (value->name.empty() ? "" : value->name + " = ") + value->expression;
   }
-  const std::string start = value->name.empty() ? "" : value->name + " = ";
-  return start + value->expression;
+}
+
+// Nothing is under way any more.
+void Model::ForgetRing() {
+  evaluated_.clear();
+  written_.clear();
+  shows_rings_ = false;
 }
 
 }  // namespace Quarn::model

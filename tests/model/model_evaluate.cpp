@@ -63,7 +63,7 @@ std::string FullType(const ValuePtr& value) {
 
 ValuePtr Model::Evaluate(const std::string& name, const std::string& expression, std::string& error,
                          bool allow_new_symbol) {
-  const Frame frame(*this, "", expression);
+  const Frame frame(*this, expression);
   const std::string text = Trim(expression);
   if (text.empty()) return Fail(error, "\tError : Empty symbol");
   std::vector<std::string> pieces;

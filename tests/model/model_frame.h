@@ -1,7 +1,6 @@
 // What the files of the model share among themselves about levels, limits and types.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <string>
 
@@ -17,24 +16,19 @@ constexpr std::size_t kCharactersPerWork = 16;
 // Well behind the largest factorial that is finite.
 constexpr int kMostFactors = 200;
 
-// One level of the evaluation, from its construction to its destruction. Within one command the
-// same step on the same text does the same each time (unless it draws), so a step that is entered
-// again while it runs never ends. A step without a name only counts.
+// One level of the evaluation, from its construction to its destruction, with the text that it
+// handles.
 class Model::Frame {
  public:
-  Frame(Model& model, const std::string& step, const std::string& text) : model_(model) {
-    const std::string key = step.empty() ? "" : step + text;
+  Frame(Model& model, const std::string& text) : model_(model) {
     model.work_ += 1 + text.size() / kCharactersPerWork;
     if (model.work_ > kMostWork) throw Outside("too much work");
-    const bool entered =
-        std::find(model.active_.begin(), model.active_.end(), key) != model.active_.end();
-    if (!step.empty() && entered) model.MeetRing();
-    if (model.active_.size() >= kMostLevels) throw Outside("too many levels");
-    model.active_.push_back(key);
+    if (model.levels_ >= kMostLevels) throw Outside("too many levels");
+    ++model.levels_;
   }
   Frame(const Frame&) = delete;
   Frame& operator=(const Frame&) = delete;
-  ~Frame() { model_.active_.pop_back(); }
+  ~Frame() { --model_.levels_; }
 
  private:
   Model& model_;

@@ -15,9 +15,8 @@ inline Model::Random Counter() {
 }
 
 // Types the lines one after the other and gives back what the last one prints.
-inline std::string Last(const std::string& lines, std::deque<std::string> answers = {},
-                        Rings rings = Rings::kAnswered) {
-  Model model(Counter(), rings);
+inline std::string Last(const std::string& lines, std::deque<std::string> answers = {}) {
+  Model model(Counter());
   std::istringstream in(lines);
   std::string output;
   for (std::string line; std::getline(in, line);) output = model.Run(line, answers);

@@ -11,7 +11,6 @@
 namespace Quarn::model {
 namespace {
 
-const char kTooDeep[] = "\tError : Expression is nested too deeply\n";
 const char kEmptyIndex[] = "\tError : Cannot index an empty Vector\n";
 const char kCross[] = "\tError : The cross product '^' is only available for 3-Vectors\n";
 
@@ -228,29 +227,36 @@ TEST(Reference, IsEvaluatedInAFixedOrder) {
 
 TEST(Reference, IsRefusedWhenItLeadsBackToItself) {
   const Row kRows[] = {
-      {"r&=r",                        "\tDefining Reference : r = r\n"                           },
-      {"r&=r+1",                      "\tDefining Reference : r = r+1\n"                         },
-      {"r=&r",                        "\tDefining Reference : r = r\n"                           },
-      {"r&=&r",                       "\tDefining Reference : r = &r\n"                          },
-      {"r&=s\ns&=r\n?s",              "\tReference : s = r\n"                                    },
-      {"r&=r\nr",                     "\tReference : r\n"                                        },
-      {"r&=r\n~r",                    "\tReference 'r' erased\n"                                 },
-      {"r&=r\nr+1",                   kTooDeep                                                   },
-      {"r&=r\nx=r",                   kTooDeep                                                   },
-      {"r&=r\nx=r\n?x",               "\tError : Unknown symbol 'x'\n"                           },
-      {"r&=<1,&r>\n-r",               kTooDeep                                                   },
-      {"r&=min(s,1)\ns&=r\nmin(1,s)", kTooDeep                                                   },
-      {"r&=r\n<1,r>",                 kTooDeep                                                   },
-      {"r&=r\nr+1;2",                 "\tError : Expression is nested too deeply\n\tScalar : 2\n"},
-      {"r&=r\nr=1\nr+1",              "\tScalar : 2\n"                                           },
+      {"r&=r",                        "\tDefining Reference : r = r\n"                              },
+      {"r&=r+1",                      "\tDefining Reference : r = r+1\n"                            },
+      {"r=&r",                        "\tDefining Reference : r = r\n"                              },
+      {"r&=&r",                       "\tDefining Reference : r = &r\n"                             },
+      {"r&=s\ns&=r\n?s",              "\tReference : s = r\n"                                       },
+      {"r&=r\nr",                     "\tReference : r\n"                                           },
+      {"r&=r\n~r",                    "\tReference 'r' erased\n"                                    },
+      {"r&=r\nr+1",                   "\tError : Reference 'r' leads back to itself\n"              },
+      {"r&=r\nx=r",                   "\tError : Reference 'r' leads back to itself\n"              },
+      {"r&=r\nx=r\n?x",               "\tError : Unknown symbol 'x'\n"                              },
+      {"r&=<1,&r>\n-r",               "\tError : Reference '<1,&r>' leads back to itself\n"         },
+      {"r&=min(s,1)\ns&=r\nmin(1,s)", "\tError : Reference 'r' leads back to itself\n"              },
+      {"r&=r\n<1,r>",                 "\tError : Reference 'r' leads back to itself\n"              },
+      {"r&=r\nr+1;2",                 "\tError : Reference 'r' leads back to itself\n\tScalar : 2\n"},
+      {"r&=r\nr=1\nr+1",              "\tScalar : 2\n"                                              },
   };
   for (const Row& row : kRows) EXPECT_EQ(Last(row.lines), row.output) << row.lines;
 }
 
-TEST(Reference, IsOutsideWhenARingDrawsOrStandsAmongElements) {
-  EXPECT_THROW(Last("r&=rand()+r\nr+1"), Outside);
-  EXPECT_THROW(Last("r=1\nv=<1,&r>\nr&=r\nv"), Outside);
-  EXPECT_THROW(Last("r&=r\nr+1", {}, Rings::kOutside), Outside);
+TEST(Reference, InARingDrawsUntilItIsMetAgain) {
+  const std::string ring = "r&=rand(0,2147483647)+r\n";
+  EXPECT_EQ(Last(ring + "r+1"),
+            "\tError : Reference 'rand(0,2147483647)+r' leads back to itself\n");
+  // Drawn when it was defined, and then for the sum.
+  EXPECT_EQ(Last(ring + "r+1\nrand(0,2147483647)"), "\tScalar : 3\n");
+}
+
+TEST(Reference, InARingAmongElementsShowsItsExpression) {
+  EXPECT_EQ(Last("r=1\nv=<1,&r,2>\nr&=r\nv"), "\tVector : <1, r, 2>\n");
+  EXPECT_EQ(Last("r=1\nv=<1,&r>\nr=v\nr"), "\tVector : <1, <1, r>>\n");
 }
 
 TEST(Model, IsOutsideWhenALineCostsTooMuch) {

@@ -1,5 +1,7 @@
+#include <algorithm>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/model/model.h"
@@ -51,9 +53,8 @@ ValuePtr Renamed(const ValuePtr& value, const std::string& name) {
 
 std::string Model::TypeOf(const ValuePtr& value) {
   if (!IsReference(value) || value->expression.empty()) return OwnType(value->kind);
-  const Frame frame(*this, "type ", value->expression);
-  const ValuePtr current = Follow(value);
-  return current ? TypeOf(current) : "Reference";
+  const ValuePtr current = Follow(value).value;
+  return current ? OwnType(current->kind) : "Reference";
 }
 
 std::string Model::TextOf(const ValuePtr& value) {
@@ -67,52 +68,73 @@ std::string Model::TextOf(const ValuePtr& value) {
     case Kind::kReference:
       break;
   }
-  if (value->expression.empty()) return "null";
-  const Frame frame(*this, "text ", value->expression);
-  const ValuePtr current = Follow(value);
-  return WithName(value, current ? TextOf(current) : value->expression);
+  return value->expression.empty() ? "null" : WithName(value, ReferenceText(value));
 }
 
 std::string Model::VectorText(const ValuePtr& value) {
   std::string text;
-  try {
-    for (const ValuePtr& element : value->elements) {
-      const std::string element_text = TextOf(element);
-      const Frame frame(*this, "", element_text);
-      text += element_text + ", ";
-    }
-  } catch (const TooDeep&) {
-    // How much of the text would give way to an expression is nobody's promise.
-    throw Outside("a ring among the elements");
+  for (const ValuePtr& element : value->elements) {
+    const std::string element_text = ElementText(element);
+    const Frame frame(*this, element_text);
+    text += element_text + ", ";
   }
   if (!text.empty()) text.erase(text.size() - 2);
   return "<" + text + ">";
 }
 
-// One evaluation of a reference that is not null; its messages are dropped.
-ValuePtr Model::Follow(const ValuePtr& reference) {
-  const Frame frame(*this, "value ", reference->expression);
+// Only what depends on a ring is touched by it.
+std::string Model::ElementText(const ValuePtr& element) {
+  const std::vector<std::string> written = written_;
+  const bool shows_rings = shows_rings_;
+  try {
+    return TextOf(element);
+  } catch (const Ring&) {
+    if (!shows_rings || !IsReference(element)) throw;
+    ForgetRing();
+    written_ = written;
+    shows_rings_ = true;
+    return element->expression;
+  }
+}
+
+// Where the value holds the reference itself, that shows its expression.
+std::string Model::ReferenceText(const ValuePtr& reference) {
+  const std::string& expression = reference->expression;
+  if (std::find(written_.begin(), written_.end(), expression) != written_.end()) return expression;
+  const Followed followed = Follow(reference);
+  if (!followed.value) return followed.failed;
+  written_.push_back(expression);
+  const std::string text = TextOf(followed.value);
+  written_.pop_back();
+  return text;
+}
+
+// One evaluation of a reference that is not null, and of those that it leads to; messages are
+// dropped.
+Model::Followed Model::Follow(const ValuePtr& reference) {
+  const std::string& expression = reference->expression;
+  const Frame frame(*this, expression);
+  if (std::find(evaluated_.begin(), evaluated_.end(), expression) != evaluated_.end()) {
+    throw Ring{expression};
+  }
+  evaluated_.push_back(expression);
+  const bool showed_rings = std::exchange(shows_rings_, false);
   std::string dropped;
-  return Evaluate("", reference->expression, dropped, false);
+  Followed followed = {Evaluate("", expression, dropped, false), expression};
+  if (followed.value && IsReference(followed.value) && !followed.value->expression.empty()) {
+    followed = Follow(followed.value);
+  }
+  shows_rings_ = showed_rings;
+  evaluated_.pop_back();
+  return followed;
 }
 
 // Null for a null reference, a null reference for one that fails, else what the operators see.
 ValuePtr Model::Resolve(const ValuePtr& value) {
   if (!IsReference(value)) return value;
   if (value->expression.empty()) return nullptr;
-  const Frame frame(*this, "resolved ", value->expression);
-  const ValuePtr current = Follow(value);
-  if (!current) return NewReference("", "");
-  if (IsReference(current) && !current->expression.empty()) return Resolve(current);
-  return current;
-}
-
-// How often a ring draws before it is given up depends on the stack, so nothing can be said about
-// the draws that follow.
-void Model::MeetRing() const {
-  if (rings_ == Rings::kOutside) throw Outside("a ring");
-  if (draws_ > 0) throw Outside("a ring that draws");
-  throw TooDeep();
+  const ValuePtr current = Follow(value).value;
+  return current ? current : NewReference("", "");
 }
 
 }  // namespace Quarn::model

@@ -108,7 +108,7 @@ TEST_F(Surroundings, FourOpenFilesAreEnoughForDeepNesting) {
   };
   EXPECT_EQ(
       InShell("exec 3>&-; ulimit -n 4; exec \"$0\"", nested(400) + nested(600) + "q\n").output,
-      "> \tScalar : 1\n> \tError : Expression is nested too deeply\n> ");
+      "> \tScalar : 1\n> \tScalar : 1\n> ");
 }
 
 }  // namespace

@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "interpreter/builtins.h"
 #include "interpreter/messages.h"
 #include "tests/random_host/host_values.h"
+#include "types/reference.h"
 #include "types/value.h"
 #include "types/vector.h"
 
@@ -17,10 +17,14 @@ template <std::size_t Type>
 TypeRow RowOfType() {
   TypeRow row;
   row.create = [](const s_str& name) { return the_host->CreateEmpty(Type, name); };
-  row.is_literal = [](const s_str& text) -> s_bool { return the_host->IsLiteral(Type, text); };
+  row.is_literal = [](std::string_view text) -> s_bool {
+    return the_host->IsLiteral(Type, s_str(text));
+  };
   row.create_from = [](State&, const s_str& name, const s_str& text, s_str& error) {
     return the_host->CreateFrom(Type, name, text, error);
   };
+  // Its calls are counted.
+  row.purity = Purity::kImpure;
   return row;
 }
 
@@ -83,11 +87,11 @@ void Host::Add(const OperatorRow& row) {
   switch (row.position) {
     case Position::kBefore:
       return state_.AddRightUnary({
-          {row.op, row.left, unary}
+          {row.op, row.left, unary, nullptr, Purity::kImpure}
       });
     case Position::kBehind:
       return state_.AddLeftUnary({
-          {row.op, row.left, unary}
+          {row.op, row.left, unary, nullptr, Purity::kImpure}
       });
     case Position::kBinary:
       break;
@@ -97,7 +101,7 @@ void Host::Add(const OperatorRow& row) {
     return Carry(body, {std::move(left), std::move(right)}, error);
   };
   state_.AddBinary({
-      {row.left, row.op, row.right, binary}
+      {row.left, row.op, row.right, binary, nullptr, nullptr, Purity::kImpure}
   });
 }
 
@@ -172,7 +176,7 @@ s_refptr<Symbol> Host::Do(Outcome outcome, const Body& body, const std::string& 
       if (!kept_[body.label]) kept_[body.label] = New(body, call, body.name, operands);
       return kept_[body.label];
     case Outcome::kReference:
-      return NewReference(state_, name, body.reference);
+      return s_refptr<Symbol>(new Reference(state_, name, body.reference));
     case Outcome::kEvaluate:
       if (is_evaluating_) break;
       return Alone([&] { return state_.ParseSymbol(name, body.expression, error, false); });
@@ -202,7 +206,7 @@ s_refptr<Symbol> Host::New(const Body& body, const std::string& call, const s_st
   const std::uint32_t number = NumberOfCall(call);
   if (body.type == "Scalar") return s_refptr<Symbol>(new Scalar(name, double(number)));
   if (body.type == "Vector") {
-    return s_refptr<Symbol>(new Vector(name, s_refptr<Values>(new Values(operands))));
+    return s_refptr<Symbol>(new Vector(name, operands));
   }
   if (body.type != "Symbol") return NewOfHost(body.type, name, number);
   s_refptr<Symbol> symbol(new Symbol("n" + std::to_string(number)));

@@ -60,7 +60,7 @@ class Word : public Symbol {
   }
 
   static s_refptr<Symbol> Create(const s_str& name) { return New(name, "-"); }
-  static s_bool IsLiteral(const s_str& text) { return text.StartsWith("'"); }
+  static s_bool IsLiteral(std::string_view text) { return text.starts_with("'"); }
   static s_refptr<Symbol> CreateFrom(State&, const s_str& name, const s_str& text, s_str& error) {
     if (text == "'") {
       error += "\tError : A word has letters";
@@ -81,8 +81,8 @@ class Word : public Symbol {
 // Registers a type whose literals are texts of digits alone, as some of Scalar's are.
 inline void RegisterDigits(State& state, const s_str& type) {
   state.AddType({type, [](const s_str& name) { return s_refptr<Symbol>(new Symbol(name)); },
-                 [](const s_str& text) -> s_bool {
-                   return text.GetView().find_first_not_of("0123456789") == std::string_view::npos;
+                 [](std::string_view text) -> s_bool {
+                   return text.find_first_not_of("0123456789") == std::string_view::npos;
                  },
                  [](State&, const s_str& name, const s_str&, s_str&) {
                    return s_refptr<Symbol>(new Symbol(name));

@@ -96,7 +96,7 @@ TEST(DeletionOfAll, IsDoneAtYesAndEnter) {
     Session session(answer);
     session.Type("x=1;v=<1>;5");
     EXPECT_EQ(session.Type("~"), std::string(kQuestion) + kErased) << answer;
-    EXPECT_EQ(Dump(session.GetState().GetSymbols().GetNames()), "_|") << answer;
+    EXPECT_EQ(Dump(session.GetState().GetSymbolNames()), "_|") << answer;
     EXPECT_EQ(session.Type("_"), kNull) << answer;
   }
 }
@@ -107,7 +107,7 @@ TEST(DeletionOfAll, IsNotDoneAtAnythingElse) {
     session.Type("x=1;5");
     EXPECT_EQ(session.Type("~"), kQuestion) << answer;
     EXPECT_EQ(session.Type("?x"), "\tScalar : x = 1\n") << answer;
-    EXPECT_EQ(Dump(session.GetState().GetSymbols().GetNames()), "_|x|") << answer;
+    EXPECT_EQ(Dump(session.GetState().GetSymbolNames()), "_|x|") << answer;
   }
 }
 

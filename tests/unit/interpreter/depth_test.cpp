@@ -1,4 +1,4 @@
-// Tests of Depth: levels are granted while there is stack, and refused all the way up afterwards.
+// Tests of Depth: levels are granted while there is stack.
 #include "interpreter/depth.h"
 
 #include <gtest/gtest.h>
@@ -34,58 +34,22 @@ void DescendInFiber() {
   granted_elsewhere = Descend(depth);
 }
 
-TEST(Depth, IsOutsideUntilALevelIsOpened) {
+TEST(Depth, KnowsItsOutermostLevel) {
   Depth depth;
-  EXPECT_TRUE(depth.IsOutside());
+  const Depth::Level outermost(depth);
+  EXPECT_TRUE(outermost.IsGranted());
+  EXPECT_TRUE(depth.IsOutermost());
   {
-    const Depth::Level level(depth);
-    EXPECT_TRUE(level.IsGranted());
-    EXPECT_FALSE(depth.IsOutside());
+    const Depth::Level inner(depth);
+    EXPECT_FALSE(depth.IsOutermost());
   }
-  EXPECT_TRUE(depth.IsOutside());
-  EXPECT_FALSE(depth.IsExhausted());
+  EXPECT_TRUE(depth.IsOutermost());
 }
 
 TEST(Depth, GrantsThousandsOfLevelsAndThenRefuses) {
   Depth depth;
   EXPECT_GT(Descend(depth), 2000U);
-  EXPECT_TRUE(depth.IsOutside());
-}
-
-TEST(Depth, OnceRefusedRefusesUntilTheOutermostIsLeft) {
-  Depth depth;
-  {
-    const Depth::Level outermost(depth);
-    EXPECT_GT(Descend(depth), 0U);
-    EXPECT_TRUE(depth.IsExhausted());
-    EXPECT_FALSE(outermost.IsGranted());
-    const Depth::Level next(depth);
-    EXPECT_FALSE(next.IsGranted());
-    EXPECT_EQ(Descend(depth), 0U);
-  }
-  const Depth::Level afresh(depth);
-  EXPECT_TRUE(afresh.IsGranted());
-  EXPECT_FALSE(depth.IsExhausted());
-}
-
-// How many levels are granted that hold so much text each.
-unsigned int DescendWithText(Depth& depth, std::size_t text) {
-  const Depth::Level level(depth, text);
-  return level.IsGranted() ? 1 + DescendWithText(depth, text) : 0;
-}
-
-TEST(Depth, GrantsTheFirstLevelsWhateverTextTheyHold) {
-  Depth depth;
-  EXPECT_EQ(DescendWithText(depth, std::size_t{1} << 30), 16U);
-}
-
-TEST(Depth, LimitsTheTextThatAllLevelsHoldTogether) {
-  Depth depth;
-  for (int i = 0; i < 2; ++i) {
-    EXPECT_EQ(DescendWithText(depth, std::size_t{1} << 20), 64U);  // 64 MiB in all
-    EXPECT_TRUE(depth.IsOutside());
-  }
-  EXPECT_GT(DescendWithText(depth, 100), 1000U);
+  EXPECT_GT(Descend(depth), 2000U);
 }
 
 TEST(Depth, FollowsTheStackOfItsThread) {

@@ -1,18 +1,19 @@
-// Tests of long and deep expressions: what is long costs what it weighs, what is too deep for the
-// stack is one error, at once.
+// Tests of long and deep expressions, which cost what they weigh, of the limit of memory, and of
+// references that lead back to themselves.
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "tests/support/sanitizers.h"
 #include "tests/support/session.h"
+#include "types/value.h"
 
 namespace Quarn {
 namespace {
 
 constexpr char kTooDeep[] = "\tError : Expression is nested too deeply\n";
 constexpr int kDeep = kSanitized ? 300 : 10000;
-constexpr int kTooManyLevels = 200000;
+constexpr int kVeryDeep = kSanitized ? 20000 : 1000000;
 
 std::string Repeat(const std::string& text, int times) {
   std::string repeated;
@@ -63,38 +64,49 @@ TEST(DeepExpression, WorksToTenThousandReferencesOnReferences) {
   EXPECT_EQ(session.Type("r" + std::to_string(kDeep) + "+1"), "\tScalar : 2\n");
 }
 
-TEST(DeepExpression, TooDeepIsOneErrorAndTheNextCommandWorks) {
-  const std::string kTooDeepExpressions[] = {
-      Nest("round(", "1", ")", kTooManyLevels),
-      Nest("<", "1", ">", kTooManyLevels),
-      Nest("<1>[", "0", "]", 1) + "+" + Nest("round(", "1", ")", kTooManyLevels),
-  };
-  for (const std::string& expression : kTooDeepExpressions) {
-    Session session;
-    session.Type("5");
-    EXPECT_EQ(session.Type(expression + ";1"), kTooDeep + std::string("\tScalar : 1\n"));
-    session.Type("5");
-    EXPECT_EQ(session.Type("x=" + expression + ";_;?x"),
-              kTooDeep + std::string("\tScalar : 5\n\tError : Unknown symbol 'x'\n"));
+TEST(DeepExpression, HasItsErrorWhereverThatIs) {
+  Session session;
+  EXPECT_EQ(session.Evaluate(Nest("<", "zz", ">", kVeryDeep)), "\tError : Unknown symbol 'zz'");
+  EXPECT_TRUE(session.Evaluate(Nest("round(", "<1>", ")", kVeryDeep))
+                  .starts_with("\tError : No matching function call to :\n\t\t  round(Vector)\n"));
+  EXPECT_EQ(session.Evaluate(Nest("<1>[", "0", "]", kVeryDeep)), "\tError : Unterminated '['");
+  EXPECT_EQ(session.Evaluate(Nest("(", "1", ")", kVeryDeep) + ")"),
+            "\tError : Too many closing ')'");
+  EXPECT_EQ(session.Evaluate(Nest("round(", "1", ")", kVeryDeep)), "Scalar : 1");
+}
+
+TEST(MemoryLimit, EndsWhatNeedsMoreAndChangesNothing) {
+  Session session;
+  session.GetState().SetMemoryLimit(1U << 20);
+  session.Type("x=2;v=<1>;r0&=1");
+  std::string text = "1";
+  for (const std::string& expression :
+       {Nest("(1+", "1", ")", kVeryDeep), Nest("round(", "1", ")", kVeryDeep),
+        Nest("<", "1", ">", kVeryDeep)}) {
+    EXPECT_EQ(session.Type("5;x=" + expression + ";_;x"),
+              "\tScalar : 5\n" + std::string(kTooDeep) + "\tScalar : 5\n\tScalar : 2\n");
   }
 }
 
-TEST(DeepExpression, FailsAtOnceHoweverLongItIs) {
+TEST(MemoryLimit, EndsTextsThatDouble) {
   Session session;
-  for (const char* opening : {"round(", "<", "<1>[", "min(1, "}) {
-    const std::string closing = std::string(opening) == "<" ? ">" : opening[3] == '[' ? "]" : ")";
-    // If every level cost the length of what it holds, this would take minutes.
-    EXPECT_TRUE(session.Type(Nest(opening, "1", closing, kTooManyLevels)).starts_with("\tError : "))
-        << opening;
-  }
+  session.GetState().SetMemoryLimit(1U << 20);
+  session.Type("v=<1>");
+  std::string output;
+  for (int i = 0; i < 40; ++i) output = session.Type("v=<v,v>");
+  EXPECT_EQ(output, kTooDeep);
+  EXPECT_TRUE(session.Type("v").starts_with("\tVector : <<<"));
 }
 
-TEST(DeepExpression, TheErrorStandsBehindThoseThatWereThere) {
+TEST(MemoryLimit, EndsChainsOfReferences) {
   Session session;
-  s_str error = "\tError : before";
-  const s_str text = Nest("<", "zz", ">", kTooManyLevels);
-  EXPECT_FALSE(session.GetState().ParseSymbol("", text, error, false));
-  EXPECT_EQ(error.Get(), "\tError : before\n\tError : Expression is nested too deeply");
+  session.GetState().SetMemoryLimit(1U << 16);
+  for (int i = 10000; i > 0; --i) {
+    session.Type("r" + std::to_string(i) + "&=r" + std::to_string(i - 1) + "+1");
+  }
+  session.Type("r0=1");
+  EXPECT_EQ(session.Type("x=r10000+1"), kTooDeep);
+  EXPECT_EQ(session.Type("r10+1"), "\tScalar : 12\n");
 }
 
 TEST(CircularReference, IsStoredAndShowsItsExpression) {
@@ -113,11 +125,16 @@ TEST(CircularReference, IsStoredAndShowsItsExpression) {
   ExpectOutput(kRows);
 }
 
-void ExpectTooDeep(const std::string& definition, const std::string& command) {
+std::string LeadsBack(const std::string& expression) {
+  return "\tError : Reference '" + expression + "' leads back to itself\n";
+}
+
+void ExpectRing(const std::string& definition, const std::string& command,
+                const std::string& expression) {
   Session session;
   session.Type(definition);
   session.Type("5");
-  EXPECT_EQ(session.Type(command), kTooDeep) << definition << " " << command;
+  EXPECT_EQ(session.Type(command), LeadsBack(expression)) << definition << " " << command;
   EXPECT_EQ(session.Type("_;?x"), "\tScalar : 5\n\tError : Unknown symbol 'x'\n")
       << definition << " " << command;
 }
@@ -126,34 +143,77 @@ TEST(CircularReference, AnyUseOfItIsTheOneErrorAndChangesNothing) {
   for (const char* command :
        {"r+1", "r+r+r+r", "1+r", "-r", "round(r)", "min(r, r)", "<1, r>", "<5, 7>[r]", "(r)*2",
         "+r", "<r>", "r!", "r^r", "x=r", "x=r+1", "x=<1, r>"}) {
-    ExpectTooDeep("r&=r+1", command);
+    ExpectRing("r&=r+1", command, "r+1");
   }
 }
 
-TEST(CircularReference, AnyRingIsOne) {
-  for (const char* definition :
-       {"r&=r", "r&=(r)", "r&=-r", "r&=<r>", "r&=<5>[r]", "r&=round(r)+r", "r&=r+r+r", "r&=&r+r",
-        "r&=&r", "r=&r", "r&=s;s&=r+r", "r&=s;s&=t;t&=r"}) {
-    ExpectTooDeep(definition, "r+1");
-    ExpectTooDeep(definition, "x=r");
+TEST(CircularReference, AnyRingIsOneAndIsNamedByTheExpressionThatIsMetTwice) {
+  const struct {
+    const char* definition;
+    const char* expression;
+  } kRows[] = {
+      {"r&=r",             "r"         },
+      {"r&=(r)",           "(r)"       },
+      {"r&=-r",            "-r"        },
+      {"r&=<r>",           "<r>"       },
+      {"r&=<5>[r]",        "<5>[r]"    },
+      {"r&=round(r)+r",    "round(r)+r"},
+      {"r&=&r+r",          "&r+r"      },
+      {"r&=&r",            "&r"        },
+      {"r=&r",             "r"         },
+      {"r&=s;s&=r+r",      "s"         },
+      {"r&=s;s&=t;t&=r",   "s"         },
+      {"r&=s+1;s&=t;t&=s", "t"         }, // beside the ring
+  };
+  for (const auto& row : kRows) {
+    ExpectRing(row.definition, "r+1", row.expression);
+    ExpectRing(row.definition, "x=r", row.expression);
   }
 }
 
 TEST(CircularReference, FailsAtOnceHoweverOftenItBranches) {
   Session session;
   session.Type("r&=r+r+r+r*r-r;v&=<v, v, v, v>;f&=min(min(f, f), max(f, f))");
-  for (const char* line : {"r+1", "?r", "r", "<1, v>", "?v", "f+f", "?f", "x=r+v+f"}) {
-    // If a branch were followed after the limit was met, this would never end.
-    EXPECT_NE(session.Type(line), "") << line;
-  }
+  const ValueRow kRows[] = {
+      {"r+1",     "\tError : Reference 'r+r+r+r*r-r' leads back to itself"              },
+      {"<1, v>",  "\tError : Reference '<v, v, v, v>' leads back to itself"             },
+      {"f+f",     "\tError : Reference 'min(min(f, f), max(f, f))' leads back to itself"},
+      {"x+r+v+f", "\tError : Unknown symbol 'x'"                                        },
+  };
+  ExpectValues(session, kRows);
+  EXPECT_EQ(session.Type("r;?v"), "\tReference : r+r+r+r*r-r\n\tReference : v = <v, v, v, v>\n");
+}
+
+TEST(CircularReference, TouchesOnlyWhatDependsOnIt) {
+  Session session;
+  session.Type("b=7;a=1;v=<1, &a, &b>;a&=a+1");
+  EXPECT_EQ(session.Type("v"), "\tVector : <1, a, 7>\n");
+  EXPECT_EQ(session.Type("v[2]+1"), "\tScalar : 8\n");
+  EXPECT_EQ(session.Type("2*v"), LeadsBack("a+1"));
+  EXPECT_EQ(session.Type("b+1"), "\tScalar : 8\n");
+}
+
+TEST(CircularReference, ThroughAVectorShowsTheExpressionWhereTheValueHoldsItself) {
+  Session session;
+  session.Type("x=1;v=<1, &x>");
+  EXPECT_EQ(session.Type("x=v"), "\tDefining Vector : x = <1, <1, x>>\n");
 }
 
 TEST(CircularReference, IsHarmlessOnceItsRingIsOpened) {
   Session session;
   session.Type("a&=b+1;b&=a+1");
-  EXPECT_EQ(session.Type("a+0"), kTooDeep);
+  EXPECT_EQ(session.Type("a+0"), LeadsBack("b+1"));
+  EXPECT_EQ(session.Type("b+0"), LeadsBack("a+1"));
   session.Type("b=1");
   EXPECT_EQ(session.Type("a+0"), "\tScalar : 2\n");
+}
+
+TEST(CircularReference, SaysSoWhereAHostAsks) {
+  Session session;
+  session.Type("a&=b;b&=a");
+  EXPECT_EQ(EvaluateReference(session.GetState().GetSymbol("a")).error + "\n", LeadsBack("b"));
+  EXPECT_FALSE(ToNumber(session.GetState().GetSymbol("a")));
+  EXPECT_EQ(ToText(session.GetState().GetSymbol("a")), "b");
 }
 
 }  // namespace

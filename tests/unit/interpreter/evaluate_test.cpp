@@ -252,7 +252,7 @@ TEST(Evaluate, OnlyAnUnnamedPlainNameMayBecomeANewSymbol) {
        {"(ab)", "ab+1", "1+ab", "-ab", "min(ab, 1)", "<ab>", "<1>[ab]", "ab[1]"}) {
     EXPECT_EQ(session.Evaluate(text, "", true), "\tError : Unknown symbol 'ab'") << text;
   }
-  EXPECT_FALSE(session.GetState().GetSymbols().Contains("ab"));
+  EXPECT_FALSE(session.GetState().GetSymbol("ab"));
 }
 
 TEST(Evaluate, AnAbstractSymbolUnderANameComesWithAWarning) {
@@ -268,7 +268,7 @@ TEST(Evaluate, AnAbstractSymbolUnderANameComesWithAWarning) {
 TEST(Evaluate, NeverHandsOutWhatIsStored) {
   Session session;
   session.Type("a=2");
-  const s_refptr<Symbol> stored = *session.GetState().GetSymbols().Find("a");
+  const s_refptr<Symbol> stored = session.GetState().GetSymbol("a");
   const s_refptr<Symbol> value = session.Parse("a");
   EXPECT_NE(value.Get(), stored.Get());
   EXPECT_EQ(stored->GetName().Get(), "a");

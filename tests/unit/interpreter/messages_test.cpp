@@ -34,6 +34,7 @@ TEST(Messages, SayWhatTheyAreGiven) {
   EXPECT_EQ(EmptyIndex().Get(), "\tError : Illegal use of '[.]' with empty argument");
   EXPECT_EQ(IndexOnNothing().Get(), "\tError : Illegal use of '[.]' on empty object");
   EXPECT_EQ(NestedTooDeeply().Get(), "\tError : Expression is nested too deeply");
+  EXPECT_EQ(LeadsBackToItself("a+1").Get(), "\tError : Reference 'a+1' leads back to itself");
   EXPECT_EQ(TooLong().Get(), "\tError : Expression is too long");
   EXPECT_EQ(SymbolAssignedToSymbol().Get(), "\tWarning : 'Symbol=Symbol' does nothing");
   EXPECT_EQ(LastResultNotAssignable().Get(),
@@ -100,7 +101,7 @@ TEST(Messages, OfReadingAnExpressionAreEachBroughtForthByOne) {
        "\t\t  round(Scalar)"},
       {"v[]", "\tError : Illegal use of '[.]' with empty argument"},
       {"[1.0]", "\tError : Illegal use of '[.]' on empty object"},
-      {"r+1.0", "\tError : Expression is nested too deeply"},
+      {"r+1.0", "\tError : Reference 'r+1.0' leads back to itself"},
   };
   // clang-format on
   ExpectValues(session, kRows);

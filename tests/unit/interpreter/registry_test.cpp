@@ -36,7 +36,8 @@ TEST(Registry, ATypeNeedsNothingButANameAndACreator) {
   EXPECT_EQ(row.create("x")->ToString().Get(), "x");
   EXPECT_EQ(row.is_literal, nullptr);
   EXPECT_EQ(row.create_from, nullptr);
-  EXPECT_EQ(row.build_in_place, nullptr);
+  EXPECT_EQ(row.read_number, nullptr);
+  EXPECT_EQ(row.create_list, nullptr);
   EXPECT_TRUE(row.literal_starts.IsEmpty());
 }
 

@@ -6,10 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "interpreter/element_types.h"
 #include "interpreter/messages.h"
+#include "interpreter/priorities.h"
 #include "tests/support/session.h"
 #include "tests/support/small_world.h"
-#include "types/element_types.h"
 #include "types/value.h"
 
 namespace Quarn {
@@ -36,9 +37,8 @@ std::string TextOf(const Value& value) { return value->ToString().Get(); }
 // The literal "a", every operator on every side, and a(), a(Tree), a(Tree, Tree).
 void RegisterTree(State& state) {
   state.AddType({"Tree", [](const s_str& name) { return NewTree(name.Get()); },
-                 [](const s_str& text) -> s_bool { return text == "a"; },
-                 [](State&, const s_str&, const s_str&, s_str&) { return NewTree("a"); }, nullptr,
-                 "a"});
+                 [](std::string_view text) -> s_bool { return text == "a"; },
+                 [](State&, const s_str&, const s_str&, s_str&) { return NewTree("a"); }, "a"});
   for (const OperatorPriority& row : kPriorities) {
     const std::string op(row.text);
     state.AddBinary({
@@ -141,7 +141,9 @@ class SlowEvaluator {
   Value BuildVector(const std::string& inside, s_str& error) {
     Values elements;
     ElementTypes types;
-    const auto accept = [&](const Value& value) { return types.Accept(*value, error); };
+    const auto accept = [&](const Value& value) {
+      return types.Accept(value->GetFullType(), error);
+    };
     if (!EvaluateAll(inside, elements, error, accept)) return {};
     return FromElements({elements.begin(), elements.end()});
   }
@@ -169,7 +171,7 @@ class SlowEvaluator {
     signature = "(" + signature + ")";
     const auto body = function->second.find(s_str(signature));
     if (body != function->second.end()) {
-      return body->second(state_, arguments, results, error) ? results[0U] : Value();
+      return body->second.body(state_, arguments, results, error) ? results[0U] : Value();
     }
     s_ctnr<s_str> overloads;
     for (const auto& [overload, unused] : function->second) overloads.PushBack(overload);

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 #include <sys/mman.h>
 
-#include <chrono>
 #include <string>
 
+#include "interpreter/core.h"
 #include "tests/support/foreign_types.h"
 #include "tests/support/sanitizers.h"
 #include "tests/support/session.h"
@@ -51,7 +51,10 @@ TEST(Limits, ATextOfFourGibibytesOrMoreIsTooLong) {
     const Unreadable text((std::size_t{1} << 32) + more);
     if (!text.IsThere()) GTEST_SKIP() << "no room for such a text";
     s_str error = "\tError : Another";
-    EXPECT_FALSE(session.GetState().EvaluateText(text.Get(), "x", error, true));
+    Evaluated result;
+    Place place;
+    EXPECT_FALSE(
+        session.GetState().GetCore().machine.Evaluate(text.Get(), "x", true, result, error, place));
     EXPECT_EQ(error.Get(), "\tError : Another\n\tError : Expression is too long");
     EXPECT_EQ(session.GetState().Compute(text.Get()).error, "\tError : Expression is too long");
   }
@@ -61,11 +64,11 @@ TEST(Limits, ATextOfFourGibibytesOrMoreIsTooLong) {
 // A type that says nothing of how its literals begin, so that it is asked about every text.
 void RegisterAsked(State& state) {
   state.AddType({"Asked", [](const s_str& name) { return s_refptr<Symbol>(new Symbol(name)); },
-                 [](const s_str& text) -> s_bool { return text.EndsWith("?"); },
+                 [](std::string_view text) -> s_bool { return text.ends_with("?"); },
                  [](State&, const s_str&, const s_str&, s_str&) { return FromNumber(7); }});
 }
 
-constexpr int kDeep = kSanitized ? 300 : 10'000;
+constexpr int kDeep = kSanitized ? 300 : 100'000;
 
 TEST(Limits, NestingIsAsDeepBesideATypeThatIsAskedAboutEveryText) {
   Session session;
@@ -82,16 +85,13 @@ TEST(Limits, NestingIsAsDeepBesideATypeThatIsAskedAboutEveryText) {
   }
 }
 
-TEST(Limits, NestingThatIsRefusedIsRefusedSoonBesideSuchAType) {
+// If each level cost the length of what it holds, this would take minutes.
+TEST(Limits, NestingCostsItsLengthBesideSuchAType) {
   Session session;
   RegisterAsked(session.GetState());
-  using Clock = std::chrono::steady_clock;
-  for (const std::string& text :
-       {std::string(80'000, '<'), Nest("<", "", ">", 40'000), Nest("<", "zz", ">", 40'000),
-        Nest("max(", "zz", ", 1)", 20'000)}) {
-    const Clock::time_point begin = Clock::now();
+  for (const std::string& text : {std::string(80'000, '<'), Nest("<", "zz", ">", 40'000),
+                                  Nest("max(", "zz", ", 1)", 20'000)}) {
     EXPECT_FALSE(session.GetState().Compute(text).value);
-    EXPECT_LT(Clock::now() - begin, std::chrono::seconds(kSanitized ? 30 : 3)) << text.substr(0, 9);
   }
 }
 

@@ -14,7 +14,7 @@ s_refptr<Symbol> NewUnset(const s_str& name) { return s_refptr<Symbol>(new Symbo
 
 // A type whose one literal is "33", which is a number too.
 void RegisterThirtyThree(State& state) {
-  state.AddType({"Twin", NewUnset, [](const s_str& text) -> s_bool { return text == "33"; },
+  state.AddType({"Twin", NewUnset, [](std::string_view text) -> s_bool { return text == "33"; },
                  [](State&, const s_str& name, const s_str&, s_str&) { return NewUnset(name); }});
 }
 
@@ -36,24 +36,21 @@ TEST(Literals, AnAmbiguousOneHasNoValueHoweverOftenItIsEvaluated) {
   }
 }
 
-// A type whose literals, texts of "@", are read in place: "@" is 1, "@@" is refused with a message
-// and "@@@" without.
-bool ReadInPlace(State&, const s_str&, const Piece& piece, s_str& error, s_refptr<Symbol>&,
-                 s_refptr<Symbol>& value) {
-  const std::string_view text = piece.GetText();
-  if (text == "@") value = FromNumber(1);
+// A type whose literals, texts of "@", are built from their text: "@" is 1, "@@" is refused with a
+// message and "@@@" without.
+s_refptr<Symbol> CreateAt(State&, const s_str&, const s_str& text, s_str& error) {
+  if (text == "@") return FromNumber(1);
   if (text == "@@") error += "\tError : Two of them";
-  return text.find_first_not_of('@') == std::string_view::npos;
+  return {};
 }
 
-TEST(Literals, OneThatIsRefusedInPlaceHasNoValueHoweverOftenItIsEvaluated) {
+TEST(Literals, OneThatIsRefusedHasNoValueHoweverOftenItIsEvaluated) {
   Session session;
-  session.GetState().AddType(
-      {"At", NewUnset,
-       [](const s_str& text) -> s_bool {
-         return text.GetView().find_first_not_of('@') == std::string_view::npos;
-       },
-       [](State&, const s_str&, const s_str&, s_str&) { return FromNumber(1); }, ReadInPlace, "@"});
+  session.GetState().AddType({"At", NewUnset,
+                              [](std::string_view text) -> s_bool {
+                                return text.find_first_not_of('@') == std::string_view::npos;
+                              },
+                              CreateAt, "@"});
   for (int i = 0; i < 3; ++i) {
     EXPECT_EQ(session.Evaluate("1+2+@"), "Scalar : 4");
     for (const char* expression : {"@@", "1+@@", "1+2+@@", "min(1+2+@@,7)"}) {

@@ -117,11 +117,9 @@ TEST_F(RegistrationTest, AnArgumentMayRegisterManyFunctions) {
 TEST_F(RegistrationTest, TheCharactersThatBeginLiteralsAreTheStatesOwn) {
   {
     std::string starts = "#";
-    const TypeRow row{"Hashed",
-                      [](const s_str&) { return FromNumber(0); },
-                      [](const s_str& text) -> s_bool { return text.EndsWith("$"); },
+    const TypeRow row{"Hashed", [](const s_str&) { return FromNumber(0); },
+                      [](std::string_view text) -> s_bool { return text.ends_with("$"); },
                       [](State&, const s_str&, const s_str&, s_str&) { return FromNumber(7); },
-                      nullptr,
                       starts.c_str()};
     state_.AddType(row);
     starts = "x";

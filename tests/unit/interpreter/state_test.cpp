@@ -39,9 +39,9 @@ Function Answer(double number) {
 
 TEST(State, BeginsWithTheLastResultAlone) {
   const Bare bare;
-  const SymbolTable& symbols = bare.state.GetSymbols();
-  EXPECT_EQ(Dump(symbols.GetNames()), "_|");
-  const Symbol& last = **symbols.Find("_");
+  EXPECT_EQ(Dump(bare.state.GetSymbolNames()), "_|");
+  const s_refptr<Symbol> symbol = bare.state.GetSymbol("_");
+  const Symbol& last = *symbol;
   EXPECT_EQ(last.GetDeclaredType().Get(), "Reference");
   EXPECT_EQ(last.GetType().Get(), "Reference");
   EXPECT_EQ(last.GetName().Get(), "");
@@ -123,9 +123,9 @@ TEST(State, TheLastResultIsWhatIsSet) {
   Bare bare;
   const s_refptr<Symbol> value(new Scalar("x", 3));
   bare.state.SetLastResult(value);
-  EXPECT_EQ(bare.state.GetSymbols().Find("_")->Get(), value.Get());
+  EXPECT_EQ(bare.state.GetSymbol("_").Get(), value.Get());
   bare.state.SetLastResult({});
-  EXPECT_EQ((*bare.state.GetSymbols().Find("_"))->ToString().Get(), "null");
+  EXPECT_EQ(bare.state.GetSymbol("_")->ToString().Get(), "null");
   EXPECT_EQ(value.GetCount(), 1U);
 }
 

@@ -16,8 +16,14 @@ namespace {
 
 s_refptr<Symbol> New(const s_str& name) { return s_refptr<Symbol>(new Symbol(name)); }
 
+// The text of a symbol's value; "-" when there is none.
+std::string TextOf(SymbolTable& symbols, std::string_view name) {
+  Name* found = symbols.Find(name);
+  return found ? symbols.GetObject(*found)->ToString().Get() : "-";
+}
+
 TEST(SymbolTable, FindsNothingInTheBeginning) {
-  const SymbolTable symbols;
+  SymbolTable symbols;
   EXPECT_TRUE(symbols.GetSize().IsNull());
   EXPECT_EQ(symbols.Find("a"), nullptr);
   EXPECT_EQ(symbols.Find(""), nullptr);
@@ -31,7 +37,7 @@ TEST(SymbolTable, FindsWhatWasSet) {
   const s_refptr<Symbol> value = New("a");
   symbols.Set("a", value);
   ASSERT_NE(symbols.Find("a"), nullptr);
-  EXPECT_EQ(symbols.Find("a")->Get(), value.Get());
+  EXPECT_EQ(symbols.GetObject(*symbols.Find("a")).Get(), value.Get());
   EXPECT_TRUE(symbols.Contains("a"));
   EXPECT_EQ(symbols.GetSize().Get(), 1U);
   for (const char* other : {"", "A", "a ", " a", "aa"}) EXPECT_FALSE(symbols.Contains(other));
@@ -42,7 +48,7 @@ TEST(SymbolTable, ANewValueTakesThePlaceOfTheOld) {
   const s_refptr<Symbol> old = New("old");
   symbols.Set("a", old);
   symbols.Set("a", New("new"));
-  EXPECT_EQ((*symbols.Find("a"))->ToString().Get(), "new");
+  EXPECT_EQ(TextOf(symbols, "a"), "new");
   EXPECT_EQ(symbols.GetSize().Get(), 1U);
   EXPECT_EQ(old.GetCount(), 1U);
 }
@@ -92,11 +98,8 @@ TEST(SymbolTable, ComesAndGoesLikeAMap) {
     if (i % 100 != 0) continue;
     for (int j = 0; j < 300; ++j) {
       const auto found = map.find(std::to_string(j));
-      const s_refptr<Symbol>* value = symbols.Find(std::to_string(j));
-      ASSERT_EQ(value != nullptr, found != map.end()) << j << " after " << i;
-      if (value) {
-        ASSERT_EQ((*value)->ToString().Get(), found->second) << j << " after " << i;
-      }
+      ASSERT_EQ(TextOf(symbols, std::to_string(j)), found == map.end() ? "-" : found->second)
+          << j << " after " << i;
     }
   }
 }
@@ -119,11 +122,11 @@ TEST(SymbolTable, TellsNamesOfTheSameHashApart) {
   symbols.Set(first, New("first"));
   EXPECT_FALSE(symbols.Contains(second));
   symbols.Set(second, New("second"));
-  EXPECT_EQ((*symbols.Find(first))->ToString().Get(), "first");
-  EXPECT_EQ((*symbols.Find(second))->ToString().Get(), "second");
+  EXPECT_EQ(TextOf(symbols, first), "first");
+  EXPECT_EQ(TextOf(symbols, second), "second");
   symbols.Erase(first);
   EXPECT_FALSE(symbols.Contains(first));
-  EXPECT_EQ((*symbols.Find(second))->ToString().Get(), "second");
+  EXPECT_EQ(TextOf(symbols, second), "second");
 }
 
 TEST(SymbolTable, MayBeFilledAgainAfterItWasCleared) {
@@ -155,10 +158,46 @@ TEST(SymbolTable, NamesComeInAscendingOrder) {
 TEST(SymbolTable, WhatWasFoundStaysWhileOthersCome) {
   SymbolTable symbols;
   symbols.Set("a", New("a"));
-  const s_refptr<Symbol>* found = symbols.Find("a");
+  const Name* found = symbols.Find("a");
   for (int i = 0; i < 1000; ++i) symbols.Set(std::to_string(i), New("x"));
   EXPECT_EQ(symbols.Find("a"), found);
-  EXPECT_EQ((*found)->ToString().Get(), "a");
+  EXPECT_EQ(found->object->ToString().Get(), "a");
+}
+
+TEST(SymbolTable, ANumberIsNoObjectUntilSomebodyAsks) {
+  SymbolTable symbols;
+  symbols.SetNumber("x", 2.5, true);
+  symbols.SetNumber("y", 3, false);
+  EXPECT_TRUE(symbols.Find("x")->IsNumber());
+  EXPECT_EQ(symbols.GetNameOfNumber(*symbols.Find("x")), "x");
+  EXPECT_EQ(symbols.GetNameOfNumber(*symbols.Find("y")), "");
+  const s_refptr<Symbol> object = symbols.GetObject(*symbols.Find("x"));
+  EXPECT_EQ(object->ToString().Get(), "x = 2.5");
+  EXPECT_EQ(symbols.GetObject(*symbols.Find("x")).Get(), object.Get());
+  EXPECT_EQ(TextOf(symbols, "y"), "3");
+}
+
+TEST(SymbolTable, TheLastResultMayBearTheNameOfASymbol) {
+  SymbolTable symbols;
+  symbols.SetLastResult(Operand(2), "x");
+  EXPECT_EQ(TextOf(symbols, "_"), "x = 2");
+  symbols.SetLastResult(Operand(3));
+  EXPECT_EQ(TextOf(symbols, "_"), "3");
+}
+
+TEST(SymbolTable, KeepsANameWithoutAValueWhileAProgramUsesIt) {
+  SymbolTable symbols;
+  Name* name = symbols.Bind("x");
+  EXPECT_FALSE(name->HasValue());
+  EXPECT_FALSE(symbols.Contains("x"));
+  EXPECT_TRUE(symbols.GetSize().IsNull());
+  symbols.SetNumber("x", 1, true);
+  EXPECT_EQ(symbols.Find("x"), name);
+  symbols.Erase("x");
+  EXPECT_EQ(symbols.Bind("x"), name);
+  symbols.Release(*name);
+  symbols.Release(*name);
+  EXPECT_EQ(Dump(symbols.GetNames()), "");
 }
 
 }  // namespace

@@ -41,8 +41,7 @@ TEST(Symbol, IsOfTheTypeSymbolInEveryRespect) {
   EXPECT_EQ(symbol.GetType().Get(), "Symbol");
   EXPECT_EQ(symbol.GetDeclaredType().Get(), "Symbol");
   EXPECT_EQ(symbol.GetFullType().Get(), "Symbol");
-  EXPECT_FALSE(symbol.GetFixedType());
-  EXPECT_EQ(symbol.AsReference(), nullptr);
+  EXPECT_EQ(symbol.GetKind(), Symbol::Kind::kOther);
 }
 
 TEST(Symbol, KeepsItsTextWhenItsNameChanges) {
@@ -50,12 +49,6 @@ TEST(Symbol, KeepsItsTextWhenItsNameChanges) {
   symbol.SetName("");
   EXPECT_EQ(symbol.GetName().Get(), "");
   EXPECT_EQ(symbol.ToString().Get(), "ab");
-}
-
-TEST(Symbol, AppendsItsTextBehindWhatIsThere) {
-  s_str text = "a, ";
-  Symbol("b").AppendTo(text);
-  EXPECT_EQ(text.Get(), "a, b");
 }
 
 TEST(Symbol, HasNoNameForTemporaries) { EXPECT_TRUE(Symbol::NoName().IsEmpty()); }
@@ -74,7 +67,7 @@ TEST(Symbol, CloneKeepsTypeNameAndText) {
   Session session;
   session.Type("a=2;v=<1, 2>;r&=a+1;dead&=nothing;v0:Vector;s:Symbol;null:Reference");
   for (const char* name : {"a", "v", "r", "dead", "v0", "s", "null"}) {
-    const Symbol& symbol = **session.GetState().GetSymbols().Find(name);
+    const Symbol& symbol = *session.GetState().GetSymbol(name);
     const s_refptr<Symbol> clone = symbol.Clone();
     EXPECT_EQ(clone->GetType().Get(), symbol.GetType().Get()) << name;
     EXPECT_EQ(clone->GetDeclaredType().Get(), symbol.GetDeclaredType().Get()) << name;
@@ -93,8 +86,7 @@ TEST(Symbol, ATypeOfItsOwnDeclaresAndShowsItsType) {
   EXPECT_EQ(plain.GetDeclaredType().Get(), "Plain");
   EXPECT_EQ(plain.GetFullType().Get(), "Plain");
   EXPECT_EQ(plain.ToString().Get(), "p");
-  EXPECT_FALSE(plain.GetFixedType());
-  EXPECT_EQ(plain.AsReference(), nullptr);
+  EXPECT_EQ(plain.GetKind(), Symbol::Kind::kOther);
 }
 
 // What is copied from a Scalar may become part of a value that is none.
@@ -105,18 +97,11 @@ TEST(Symbol, ATypeOfItsOwnMadeFromAScalarIsNoScalar) {
     s_str GetType() const override { return "Measured"; }
   };
   const Scalar scalar("x", 2.5);
-  EXPECT_TRUE(scalar.GetFixedType());
-  EXPECT_TRUE(scalar.Clone()->GetFixedType());
+  EXPECT_EQ(scalar.GetKind(), Symbol::Kind::kNumber);
+  EXPECT_EQ(scalar.Clone()->GetKind(), Symbol::Kind::kNumber);
   const Measured measured(scalar);
   EXPECT_EQ(measured.GetName().Get(), "x");
-  EXPECT_FALSE(measured.GetFixedType());
-}
-
-TEST(Symbol, AppendsWhatTheTypeSays) {
-  s_str text;
-  const Scalar scalar("x", 2.5);
-  static_cast<const Symbol&>(scalar).AppendTo(text);
-  EXPECT_EQ(text.Get(), "x = 2.5");
+  EXPECT_EQ(measured.GetKind(), Symbol::Kind::kOther);
 }
 
 TEST(Symbol, IsDeletedAsWhatItIs) {

@@ -1,5 +1,4 @@
-// Tests of what the interpreter asks of the types: registering them, making and resolving
-// references.
+// Tests of what the interpreter asks of the types: registering them, making references and numbers.
 #include "interpreter/builtins.h"
 
 #include <gtest/gtest.h>
@@ -38,57 +37,16 @@ TEST(Builtins, TheTypeOfAReferenceIsTheOneTheyKnow) {
 
 TEST(Builtins, ANewReferenceHasNameAndExpression) {
   Session session;
-  const s_refptr<Symbol> reference = NewReference(session.GetState(), "r", " 1+1 ");
-  EXPECT_EQ(reference->GetName().Get(), "r");
-  EXPECT_EQ(static_cast<const Reference&>(*reference).GetExpression().Get(), " 1+1 ");
-  EXPECT_EQ(reference->ToString().Get(), "r = 2");
-  EXPECT_EQ(NewReference(session.GetState(), "r", "")->ToString().Get(), "null");
+  const Reference reference(session.GetState(), "r", " 1+1 ");
+  EXPECT_EQ(reference.GetName().Get(), "r");
+  EXPECT_EQ(reference.GetExpression().Get(), " 1+1 ");
+  EXPECT_EQ(reference.ToString().Get(), "r = 2");
+  EXPECT_EQ(Reference(session.GetState(), "r", "").ToString().Get(), "null");
 }
 
-TEST(Resolve, LeavesWhatIsNoReferenceAsItIs) {
-  Session session;
-  std::string log;
-  for (const s_refptr<Symbol>& value :
-       {s_refptr<Symbol>(new Symbol("a")), s_refptr<Symbol>(new Scalar("x", 1)),
-        session.Parse("<1, &1>"), s_refptr<Symbol>(new Probe(log, "a", "Probe"))}) {
-    EXPECT_EQ(Resolve(value).Get(), value.Get());
-  }
-}
-
-TEST(Resolve, GivesTheValueOfAReference) {
-  Session session;
-  session.Type("x=1;s&=x;r=&s");
-  for (const char* expression : {"x", "s", "r", "&r", "&&&1", "0+s"}) {
-    const s_refptr<Symbol> value = Resolve(NewReference(session.GetState(), "n", expression));
-    EXPECT_EQ(value->GetDeclaredType().Get(), "Scalar") << expression;
-    EXPECT_EQ(value->GetName().Get(), "") << expression;
-  }
-}
-
-TEST(Resolve, GivesNothingForANullReference) {
-  Session session;
-  EXPECT_TRUE(Resolve(NewReference(session.GetState(), "r", "")).IsNull());
-  EXPECT_TRUE(Resolve(s_refptr<Symbol>(new Reference(s_str("r")))).IsNull());
-}
-
-TEST(Resolve, GivesANewNullReferenceForOneThatFails) {
-  Session session;
-  const s_refptr<Symbol> dead = NewReference(session.GetState(), "r", "zz");
-  const s_refptr<Symbol> value = Resolve(dead);
-  EXPECT_NE(value.Get(), dead.Get());
-  EXPECT_TRUE(static_cast<const Reference&>(*value).IsNullReference());
-  EXPECT_EQ(value->GetName().Get(), "");
-}
-
-TEST(Resolve, KeepsANullReferenceThatIsAValue) {
-  Session session;
-  session.Type("null:Reference;s&=null");
-  for (const char* expression : {"null", "s", "&s", "_"}) {
-    if (std::string(expression) == "_") session.GetState().SetLastResult({});
-    const s_refptr<Symbol> value = Resolve(NewReference(session.GetState(), "r", expression));
-    ASSERT_FALSE(value.IsNull()) << expression;
-    EXPECT_TRUE(static_cast<const Reference&>(*value).IsNullReference()) << expression;
-  }
+TEST(Builtins, ANewNumberHasItsName) {
+  EXPECT_EQ(NewNumber("x", 2.5)->ToString().Get(), "x = 2.5");
+  EXPECT_EQ(NewNumber("", 2.5)->ToString().Get(), "2.5");
 }
 
 }  // namespace

@@ -41,16 +41,6 @@ TEST(Lift, OperatorsTakeTheirOperandsInOrder) {
   EXPECT_EQ(error.Get(), "");
 }
 
-TEST(Lift, AnOperandThatNobodyElseHoldsBecomesTheResult) {
-  s_str error;
-  const BinaryOperator plus = Binary(std::plus<double>());
-  s_refptr<Symbol> left = NewNumber(3);
-  const Symbol* object = left.Get();
-  const s_refptr<Symbol> result = plus(std::move(left), NewNumber(4), error);
-  EXPECT_EQ(result.Get(), object);
-  EXPECT_EQ(NumberOf(*result), 7);
-}
-
 TEST(Lift, OperandsThatSomebodyHoldsStayAsTheyWere) {
   s_str error;
   const s_refptr<Symbol> x(new Scalar("x", 3));
@@ -62,12 +52,29 @@ TEST(Lift, OperandsThatSomebodyHoldsStayAsTheyWere) {
   EXPECT_EQ(y->ToString().Get(), "y = 4");
 }
 
-TEST(Lift, OnlyAFunctionWithoutAStateWorksInPlace) {
-  const double by = 2;
-  EXPECT_NE(Binary(std::plus<double>()).target<InPlaceOperator>(), nullptr);
-  EXPECT_EQ(Binary(Difference).target<InPlaceOperator>(), nullptr);
-  EXPECT_EQ(Binary([by](double x, double y) { return x + by * y; }).target<InPlaceOperator>(),
-            nullptr);
+TEST(Lift, RowsOfScalarsHaveTheSameFunctionForNumbersAndForObjects) {
+  s_str error;
+  const BinaryRow minus = OnScalars("-", std::minus<double>());
+  EXPECT_EQ(minus.left.Get() + minus.op.Get() + minus.right.Get(), "Scalar-Scalar");
+  EXPECT_EQ(minus.on_numbers(5, 3), 2);
+  EXPECT_EQ(NumberOf(*minus.body(NewNumber(5), NewNumber(3), error)), 2);
+  const UnaryRow negate = UnaryOnScalars("-", std::negate<double>());
+  EXPECT_EQ(negate.on_numbers(5), -5);
+  EXPECT_EQ(NumberOf(*negate.body(NewNumber(5), error)), -5);
+}
+
+TEST(Lift, RowsOfFunctionsHaveAsManyScalarsAsTheFunctionTakes) {
+  const FunctionRow none = OnScalars("f", Seven, Purity::kImpure);
+  const FunctionRow one = OnScalars("f", Twice, Purity::kPure);
+  const FunctionRow two = OnScalars("f", Difference, Purity::kPure);
+  EXPECT_EQ(none.on_numbers.of_none(), 7);
+  EXPECT_EQ(one.on_numbers.of_one(3), 6);
+  EXPECT_EQ(two.on_numbers.of_two(5, 3), 2);
+  EXPECT_EQ(none.arguments.GetSize().Get(), 1U);
+  EXPECT_EQ(none.arguments[0U].Get(), "");
+  EXPECT_EQ(two.arguments.GetSize().Get(), 2U);
+  EXPECT_EQ(none.purity, Purity::kImpure);
+  EXPECT_EQ(two.purity, Purity::kPure);
 }
 
 TEST(Lift, FunctionsTakeAsManyNumbersAsTheyHaveParameters) {

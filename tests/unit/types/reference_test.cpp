@@ -21,9 +21,7 @@ TEST(Reference, WithoutAnExpressionIsNull) {
   EXPECT_TRUE(null.IsNullReference());
   EXPECT_EQ(null.GetExpression().Get(), "");
   EXPECT_EQ(Describe(null), "Reference Reference Reference : null");  // its name is not shown
-  EXPECT_TRUE(null.EvaluateThrough().IsNull());
-  EXPECT_FALSE(null.GetFixedType());
-  EXPECT_EQ(null.AsReference(), &null);
+  EXPECT_EQ(null.GetKind(), Symbol::Kind::kReference);
 }
 
 TEST(Reference, ShowsItsValueUnderItsName) {
@@ -79,26 +77,6 @@ TEST(Reference, CloneCopiesTheTextAndEvaluatesNothing) {
   EXPECT_EQ(reference.ToString().Get(), "r = 3");
 }
 
-TEST(Reference, EvaluatesOneStepOrAllTheWay) {
-  Session session;
-  session.Type("x=3;s&=x;r&=s");
-  const Reference reference(session.GetState(), "", "s");
-  EXPECT_EQ(reference.Evaluate()->GetDeclaredType().Get(), "Reference");
-  EXPECT_EQ(reference.EvaluateThrough()->GetDeclaredType().Get(), "Scalar");
-  EXPECT_EQ(reference.EvaluateThrough()->ToString().Get(), "3");
-}
-
-TEST(Reference, WithoutAValueEvaluatesToNothing) {
-  Session session;
-  session.Type("null:Reference");
-  EXPECT_TRUE(Reference(session.GetState(), "", "zz").Evaluate().IsNull());
-  const s_refptr<Symbol> dead = Reference(session.GetState(), "", "zz").EvaluateThrough();
-  EXPECT_EQ(Describe(*dead), "Reference Reference Reference : null");
-  EXPECT_EQ(dead->GetName().Get(), "");
-  EXPECT_EQ(Describe(*Reference(session.GetState(), "", "null").EvaluateThrough()),
-            "Reference Reference Reference : null");
-}
-
 TEST(Reference, ShowsTheTextOfAReferenceThatItLeadsTo) {
   const LinesRow kRows[] = {
       {"s&=zz\nr&=s\n?r",       "\tReference : r = zz\n"  },
@@ -114,7 +92,7 @@ TEST(Reference, ShowsTheTextOfAReferenceThatItLeadsTo) {
 TEST(Reference, LiteralStripsBlanksAndTheDefinitionDoesNot) {
   Session session;
   const auto expression_of = [&](const char* name) {
-    const Symbol& symbol = **session.GetState().GetSymbols().Find(name);
+    const Symbol& symbol = *session.GetState().GetSymbol(name);
     return static_cast<const Reference&>(symbol).GetExpression().Get();
   };
   session.Type("a=&  x y  ;b&=  x y  ;c=&;d=&\tx\t");

@@ -54,20 +54,11 @@ TEST(Scalar, PrintsItsNameIfItHasOne) {
   EXPECT_EQ(Scalar(" ", 2.5).ToString().Get(), "  = 2.5");  // a blank is a name
 }
 
-TEST(Scalar, AppendsTheSameText) {
-  s_str text = "<";
-  Scalar("x", 2.5).AppendTo(text);
-  Scalar(7).AppendTo(text);
-  EXPECT_EQ(text.Get(), "<x = 2.57");
-}
-
 TEST(Scalar, IsOfOneTypeInEveryRespect) {
   const Scalar scalar("x", 1);
   EXPECT_EQ(scalar.GetType().Get(), "Scalar");
   EXPECT_EQ(scalar.GetDeclaredType().Get(), "Scalar");
   EXPECT_EQ(scalar.GetFullType().Get(), "Scalar");
-  EXPECT_EQ(scalar.GetFixedType().Get(), Scalar(1).GetFixedType().Get());
-  EXPECT_STREQ(scalar.GetFixedType().Get(), "Scalar");
 }
 
 TEST(Scalar, CloneIsANumberOfItsOwn) {
@@ -204,11 +195,6 @@ TEST(Scalar, BuildsFromTextsWithSignsAndBlanks) {
     const s_refptr<Symbol> value = type.create_from(session.GetState(), "x", row.expression, error);
     EXPECT_EQ(value->ToString().Get(), row.value) << row.expression;
     EXPECT_EQ(error.Get(), "");
-    BracketRoom room;
-    const Source source(row.expression, room);
-    s_refptr<Symbol> spare, built;
-    EXPECT_TRUE(type.build_in_place(session.GetState(), "x", Piece(source), error, spare, built));
-    EXPECT_EQ(built->ToString().Get(), row.value);
   }
 }
 

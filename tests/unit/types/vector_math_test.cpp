@@ -168,14 +168,13 @@ TEST(VectorMath, IndexWrapsExactlyHoweverLargeAndAtOnce) {
 
 TEST(VectorMath, IndexGivesAnUnnamedCopy) {
   Session session;
-  const s_refptr<Values> elements(new Values);
-  elements->PushBack(s_refptr<Symbol>(new Scalar("x", 1)));
+  const Values elements = {s_refptr<Symbol>(new Scalar("x", 1))};
   const s_refptr<Symbol> vector(new Vector("v", elements));
   s_str error;
   const s_refptr<Symbol> element = SelectElement(session.GetState(), vector, NewNumber(0), error);
   EXPECT_EQ(element->ToString().Get(), "1");
   EXPECT_EQ(vector->ToString().Get(), "v = <x = 1>");
-  EXPECT_NE(element.Get(), (*elements)[0U].Get());
+  EXPECT_NE(element.Get(), elements[0U].Get());
 }
 
 TEST(VectorMath, IndexOfAnEmptyVectorIsAnErrorWhateverItIs) {
@@ -207,24 +206,6 @@ TEST(VectorMath, AnInfiniteIndexIntoNothingIsAnErrorLikeOthers) {
   Session session;
   EXPECT_EQ(session.Evaluate("<>[1/0]"), kEmpty);
   EXPECT_EQ(session.Evaluate("<>[-1/0]"), kEmpty);
-}
-
-[[gnu::noinline]] void UseUpTheStack(Depth& depth) {
-  const Depth::Level level(depth);
-  if (level.IsGranted()) UseUpTheStack(depth);
-}
-
-// Whoever opened the outermost level says so in the end.
-TEST(VectorMath, NothingIsCombinedWhereTheNestingIsTooDeep) {
-  Session session;
-  State& state = session.GetState();
-  const s_refptr<Symbol> v = session.Parse("<1, 2, 3>");
-  const Depth::Level outermost(state.GetDepth());
-  UseUpTheStack(state.GetDepth());
-  s_str error;
-  EXPECT_FALSE(AddElements(state, v, v, error));
-  EXPECT_FALSE(CrossProduct(state, v, v, error));
-  EXPECT_EQ(error.Get(), "");
 }
 
 TEST(VectorMath, ResultsHaveNoNameButThatOfPlus) {

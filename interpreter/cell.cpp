@@ -1,0 +1,212 @@
+#include "interpreter/cell.h"
+
+#include <new>
+
+#include "interpreter/machine.h"
+#include "interpreter/symbol_table.h"
+
+namespace Quarn {
+namespace {
+
+// Each of many nested "&" would be hashed with all that follows.
+constexpr std::size_t kHashed = 64;
+
+// Destroying a value may destroy cells, and with them values. The cells wait here, so that a long
+// chain of them does not recurse.
+struct Bin {
+  Cell* first = nullptr;
+  bool is_open = false;
+};
+thread_local constinit Bin bin;
+
+}  // namespace
+
+// While one is open, cells that lose their last owner wait.
+class Cell::Collection {
+ public:
+  Collection() : is_outermost_(!std::exchange(bin.is_open, true)) {}
+  ~Collection() {
+    if (!is_outermost_) return;
+    while (bin.first) {
+      Cell* cell = bin.first;
+      bin.first = cell->next_;
+      delete cell;
+    }
+    bin.is_open = false;
+  }
+  Collection(const Collection&) = delete;
+  Collection& operator=(const Collection&) = delete;
+
+ private:
+  const bool is_outermost_;
+};
+
+void Cell::Drop() {
+  const Collection collection;
+  if (cells_) cells_->Remove(*this);
+  next_ = std::exchange(bin.first, this);
+}
+
+// ---- Links ----
+
+void Readers::Add(Cell& reader) {
+  // Reading the same thing several times in a row is one link.
+  if (first_ && first_->reader == &reader) return;
+  auto* link = new (Pool::Allocate(sizeof(Link))) Link{&reader, reader.reads, first_, &first_};
+  if (first_) first_->before = &link->next;
+  reader.reads = first_ = link;
+}
+
+// The links to what is gone stay with their readers, and lead nowhere.
+void Readers::Inherit(Link* reads) noexcept {
+  try {
+    for (const Link* heir = first_; heir; heir = heir->next) {
+      for (Link* link = reads; link; link = link->next_of_reader) {
+        if (link->LeadsSomewhere()) link->AddBehind(*heir->reader);
+      }
+    }
+  } catch (const std::bad_alloc&) {
+    return;  // they are made stale
+  }
+  while (Link* link = first_) {
+    first_ = std::exchange(link->next, nullptr);
+    link->before = &link->next;
+  }
+}
+
+void Link::AddBehind(Cell& other) {
+  if (next && next->reader == &other) return;
+  auto* link = new (Pool::Allocate(sizeof(Link))) Link{&other, other.reads, next, &next};
+  if (next) next->before = &link->next;
+  other.reads = next = link;
+}
+
+// Values are dropped when no list is gone through any more, since that may destroy cells. The cells
+// that became stale are linked by `awaited`, which means nothing in them.
+void Readers::InvalidateAll() {
+  const Cell::Collection collection;
+  Cell* first = nullptr;
+  Cell** last = &first;
+  Cell* changed = nullptr;
+  Readers* readers = this;
+  while (true) {
+    while (readers->first_) {
+      Cell& cell = *readers->first_->reader;
+      cell.Unlink();
+      if (cell.state == Cell::State::kUnderWay) cell.state = Cell::State::kUnderWayAndChanged;
+      if (cell.state != Cell::State::kFresh) continue;
+      cell.state = Cell::State::kStale;
+      cell.awaited = nullptr;
+      *last = &cell;
+      last = &cell.awaited;
+    }
+    changed = changed ? changed->awaited : first;
+    if (!changed) break;
+    readers = &changed->readers;
+  }
+  while (first) {
+    Cell& cell = *first;
+    first = std::exchange(cell.awaited, nullptr);
+    cell.answer = {};
+  }
+}
+
+void Cell::Unlink() {
+  while (reads) {
+    Link* link = reads;
+    reads = link->next_of_reader;
+    *link->before = link->next;
+    if (link->next) link->next->before = link->before;
+    Pool::Free(link, sizeof(Link));
+  }
+}
+
+// ---- Cells ----
+
+// A cell that is a ring is awaited by whoever read it.
+Cell::~Cell() {
+  if (state == State::kFresh && answer.outcome != Outcome::kRing) readers.Inherit(reads);
+  Unlink();
+  readers.Invalidate();
+  if (cells_) program.Release(cells_->GetNames());
+}
+
+Answer Cell::Follow() {
+  if (!cells_) return {};
+  return cells_->GetMachine().Follow(*this);
+}
+
+Cells::~Cells() {
+  const Cell::Collection collection;
+  for (Cell* first : table_) {
+    for (Cell* cell = first; cell; cell = cell->next_) {
+      cell->Unlink();
+      cell->state = Cell::State::kStale;
+      cell->program.Release(*names_);
+    }
+  }
+  // What has lost its last owner waits in the bin, where it is linked by what linked the table.
+  for (Cell*& first : table_) {
+    while (first) {
+      Cell& cell = *first;
+      cell.answer = {};
+      first = cell.next_;
+      cell.cells_ = nullptr;
+    }
+  }
+}
+
+// A long text goes by what it begins with and by its length.
+std::uint32_t Cells::Hash(std::string_view text) const {
+  const std::size_t hash = hash_(text.substr(0, kHashed));
+  return static_cast<std::uint32_t>(hash ^ (text.size() * 0x9E3779B1U));
+}
+
+Cell* Cells::Find(std::string_view text, std::uint32_t hash) {
+  for (Cell* cell = Place(hash); cell; cell = cell->next_) {
+    if (cell->hash_ == hash && cell->GetText() == text) return cell;
+  }
+  return nullptr;
+}
+
+CellPtr Cells::Get(std::string_view text) {
+  const std::uint32_t hash = Hash(text);
+  if (Cell* cell = Find(text, hash)) return CellPtr(cell);
+  return Add(SharedText(text), hash, false);
+}
+
+CellPtr Cells::GetPart(const Cell& of, std::uint32_t begin, std::uint32_t length) {
+  const SharedText part = of.GetSharedText().GetPart(begin, length);
+  const std::uint32_t hash = Hash(part.GetView());
+  if (Cell* cell = Find(part.GetView(), hash)) return CellPtr(cell);
+  return Add(part, hash, true);
+}
+
+CellPtr Cells::Add(const SharedText& text, std::uint32_t hash, bool is_leaf) {
+  if (size_ == table_.size()) Grow();
+  CellPtr cell(new Cell(*this, text, hash, is_leaf));
+  cell->next_ = std::exchange(Place(hash), cell.Get());
+  ++size_;
+  return cell;
+}
+
+void Cells::Remove(Cell& cell) {
+  Cell** at = &Place(cell.hash_);
+  while (*at != &cell) at = &(*at)->next_;
+  *at = cell.next_;
+  --size_;
+}
+
+void Cells::Grow() {
+  std::vector<Cell*> table(2 * table_.size());
+  table.swap(table_);
+  for (Cell* cell : table) {
+    while (cell) {
+      Cell* next = cell->next_;
+      cell->next_ = std::exchange(Place(cell->hash_), cell);
+      cell = next;
+    }
+  }
+}
+
+}  // namespace Quarn

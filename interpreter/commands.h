@@ -1,0 +1,50 @@
+// Commands carries out the command lines: it cuts a line at ";", tells by its characters what each
+// piece asks for, does that, and prints what there is to say.
+#pragma once
+
+#include <iosfwd>
+#include <string_view>
+
+#include "interpreter/operand.h"
+
+namespace Quarn {
+
+struct Core;
+struct Evaluated;
+
+class Commands {
+ public:
+  Commands(Core& core, std::ostream& out, std::istream& in) : core_(core), out_(out), in_(in) {}
+
+  void ProcessLine(std::string_view line);
+  void Flush();
+  void PrintHelp();
+  // Makes "_" a null reference.
+  void ForgetLastResult();
+
+ private:
+  void ProcessCommand(std::string_view command);
+  void ProcessEquals(std::string_view before, std::string_view expression);
+  void DefineReference(std::string_view name, std::string_view expression);
+  void Assign(std::string_view name, std::string_view expression);
+  void Declare(std::string_view name, std::string_view type);
+  void Delete(std::string_view name);
+  void DeleteAll();
+  void Query(std::string_view name);
+  void PrintExpression(std::string_view expression);
+
+  void DefineNumber(std::string_view name, const Evaluated& result);
+  void Define(std::string_view name, const s_str& type, const s_refptr<Symbol>& value);
+  bool PassesNameCheck(std::string_view name);
+  void Print(std::string_view text);
+  void PrintMessage(s_str message);
+  void PrintNumber(std::string_view before, std::string_view name, double number);
+  bool PrintValue(std::string_view before, std::string_view type, const Symbol& value);
+
+  Core& core_;
+  std::ostream& out_;
+  std::istream& in_;
+  s_str line_;  // of output, being composed
+};
+
+}  // namespace Quarn

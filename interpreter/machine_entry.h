@@ -1,0 +1,53 @@
+// What the files of the machine share among themselves.
+#pragma once
+
+#include "interpreter/machine.h"
+
+namespace Quarn {
+
+// Leaves the machine as it was, whatever happens meanwhile.
+class Machine::Entry {
+ public:
+  explicit Entry(Machine& machine)
+      : machine_(machine),
+        level_(machine.depth_),
+        frames_(machine.frames_.size()),
+        operands_(machine.operands_.GetSize()),
+        lists_(machine.lists_.size()),
+        programs_(machine.used_programs_) {
+    if (!level_.IsGranted()) machine.abort_ = Abort::kTooDeep;
+  }
+  ~Entry() {
+    while (machine_.frames_.size() > frames_) Abandon();
+    machine_.operands_.Shrink(operands_);
+    if (machine_.lists_.size() > lists_) machine_.lists_.resize(lists_);
+    machine_.used_programs_ = programs_;
+    if (machine_.depth_.IsOutermost()) machine_.CleanUp();
+  }
+  Entry(const Entry&) = delete;
+  Entry& operator=(const Entry&) = delete;
+
+  bool IsGranted() const { return machine_.abort_ == Abort::kNone; }
+  // How many frames there were.
+  std::size_t GetBase() const { return frames_; }
+  // An empty program that is used again.
+  Program& BorrowProgram();
+
+ private:
+  void Abandon() {
+    if (Cell* cell = machine_.Top().cell.Get()) {
+      cell->Unlink();
+      cell->state = Cell::State::kStale;
+    }
+    machine_.PopFrame();
+  }
+
+  Machine& machine_;
+  const Depth::Level level_;
+  const std::size_t frames_;
+  const std::size_t operands_;
+  const std::size_t lists_;
+  const std::size_t programs_;
+};
+
+}  // namespace Quarn

@@ -1,0 +1,108 @@
+#include "interpreter/text_writer.h"
+
+#include "interpreter/machine.h"
+#include "utils/s_str_convert.h"
+
+namespace Quarn {
+
+void Symbol::Write(TextWriter& out) const { out.Append(ToString().GetView()); }
+
+TextWriter::~TextWriter() {
+  while (!levels_.empty()) Pop();
+}
+
+void TextWriter::AppendNumber(double number) {
+  char room[kNumberRoom];
+  const char* end = WriteDouble(room, number);
+  text_.Append(std::string_view(room, static_cast<std::size_t>(end - room)));
+}
+
+void TextWriter::AppendList(std::string_view open, const s_refptr<Elements>& elements,
+                            std::string_view separator, std::string_view close) {
+  text_.Append(open);
+  if (!elements->AreNumbers()) {
+    Level& level = levels_.emplace_back();
+    level.elements = elements;
+    level.separator = separator;
+    level.close = close;
+    return;
+  }
+  std::string_view before;
+  for (double number : elements->GetNumbers()) {
+    text_.Append(before);
+    AppendNumber(number);
+    before = separator;
+  }
+  text_.Append(close);
+}
+
+void TextWriter::AppendReference(const CellPtr& cell) {
+  if (!cell) {
+    text_.Append("null");
+  } else if (cell->writer == this) {
+    // It holds itself.
+    text_.Append(cell->GetText());
+  } else {
+    awaited_ = cell;
+  }
+}
+
+void TextWriter::AppendOperand(const Operand& operand) {
+  operand.IsNumber() ? AppendNumber(operand.GetNumber()) : operand.GetValue()->Write(*this);
+}
+
+void TextWriter::Continue(const Answer& answer) {
+  const CellPtr cell = std::move(awaited_);
+  if (answer.outcome == Outcome::kValue) {
+    if (answer.label) text_.Append(answer.label->GetView());
+    if (answer.value.IsNumber()) return AppendNumber(answer.value.GetNumber());
+    Level& level = levels_.emplace_back();
+    level.value = answer.value.GetValue();
+    level.cell = cell;
+    level.previous_mark = std::exchange(cell->writer, this);
+    level.value->Write(*this);
+  } else {
+    const bool is_own = answer.outcome == Outcome::kRing || answer.value.IsNumber();
+    if (!is_own && answer.label) text_.Append(answer.label->GetView());
+    text_.Append((is_own ? cell : GetCell(*answer.value.GetValue()))->GetText());
+  }
+}
+
+bool TextWriter::Proceed() {
+  while (!awaited_) {
+    if (levels_.empty() || IsCutOff()) return true;
+    Level& level = levels_.back();
+    if (!level.elements || level.next == level.elements->GetSize()) {
+      text_.Append(level.close);
+      Pop();
+      continue;
+    }
+    if (level.next > 0) text_.Append(level.separator);
+    level.elements->GetObjects()[level.next++]->Write(*this);
+  }
+  return false;
+}
+
+void TextWriter::Pop() {
+  Level& level = levels_.back();
+  if (level.cell) level.cell->writer = level.previous_mark;
+  levels_.pop_back();
+}
+
+s_str WriteToText(const Symbol& value) {
+  s_str text;
+  TextWriter writer(text);
+  WriteOut(writer, value);
+  return text;
+}
+
+bool WriteOut(TextWriter& writer, const Symbol& value) {
+  value.Write(writer);
+  while (!writer.Proceed()) {
+    const CellPtr cell = writer.GetAwaited();
+    writer.Continue(cell->Follow());
+  }
+  return !writer.IsCutOff();
+}
+
+}  // namespace Quarn
