@@ -1,5 +1,5 @@
-// The program: sets up the library, then feeds one State with the lines of a script or with what is
-// typed at the prompt. It interprets nothing itself but the two words that quit.
+// The program: sets up the library, then passes the lines of a script or of the prompt to one
+// State.
 #include <algorithm>
 #include <cstdlib>
 #include <ctime>
@@ -17,10 +17,7 @@
 namespace Quarn {
 namespace {
 
-// GCOVR_EXCL_START: the two hooks are for what the utility library offers to types and hosts;
-// nothing in the program itself reports by it, or asks it for the time.
-
-// What the utility library reports goes to the user and to the log.
+// GCOVR_EXCL_START: nothing in the program itself prints through the manager or asks for the time.
 void PrintLine(const s_str& text) {
   std::cout << text.GetView() << '\n' << std::flush;
   Log().WriteLine(text);
@@ -30,34 +27,34 @@ void PrintLine(const s_str& text) {
 s_double GetProcessorSeconds() { return static_cast<double>(std::clock()) / 1e6; }
 // GCOVR_EXCL_STOP
 
-// Results wait in the stream's buffer; they are written when it is full, at the prompt, before a
-// question, before what may never come back, and at the end.
+// Output is flushed when the buffer is full, at the prompt, before a question, before an evaluation
+// that may never return, and at the end.
 void BufferOutput() {
   std::ios::sync_with_stdio(false);
-  // Not even memory that runs out takes back what was printed.
+  // So that no output is lost when memory runs out.
   std::set_terminate([] {
-    // GCOVR_EXCL_START: what aborts writes no counts.
+    // GCOVR_EXCL_START: an aborted process writes no counts.
     std::cout.flush();
     std::abort();
     // GCOVR_EXCL_STOP
   });
 }
 
-// Room for the lines of a file, so that a long one is not moved while it grows. Memory that nothing
-// is written to costs nothing; a line beyond the limit grows as any text does.
-s_str MakeRoomForLines(const File& file) {
-  constexpr unsigned int kMostRoom = 64U << 20;
+// A line with capacity for any line of the file, so that reading a long one does not reallocate.
+// Pages that are never written to cost nothing.
+s_str ReserveLine(const File& file) {
+  constexpr unsigned int kMaxCapacity = 64U << 20;
   const s_uint length = file.GetLength();
-  std::string room;
-  if (length.IsValid()) room.reserve(std::min(length.Get(), kMostRoom));
-  return room;
+  std::string line;
+  if (length.IsValid()) line.reserve(std::min(length.Get(), kMaxCapacity));
+  return line;
 }
 
 // Kept on purpose: the script is opened for reading and writing, so one that is read-only runs no
 // line.
 void RunScript(State& state, const s_str& path) {
   File script(path, File::kReadWrite);
-  s_str line = MakeRoomForLines(script);
+  s_str line = ReserveLine(script);
   while (script.IsValid() && !script.fail()) {
     script.GetLine(line);
     if (!line.IsEmpty()) state.ProcessLine(line);

@@ -77,7 +77,7 @@ void LookUp(benchmark::State& run) {
   SymbolTable table;
   for (std::int64_t i = 0; i < run.range(0); ++i) {
     const s_str name("v" + std::to_string(i));
-    table.Set(name, s_refptr<Symbol>(new Scalar(name)));
+    table.Set(name.GetView(), s_refptr<Symbol>(new Scalar(name)));
   }
   std::int64_t i = 0;
   for (auto _ : run) {

@@ -1,5 +1,5 @@
 # The target "reference": the reference of the API in reference/html of the build directory. It
-# fails when a public name has no documentation.
+# fails when a class, or a function outside of one, has no documentation.
 find_program(DOXYGEN doxygen)
 configure_file(${PROJECT_SOURCE_DIR}/docs/reference/Doxyfile.in
   ${PROJECT_BINARY_DIR}/reference/Doxyfile @ONLY)

@@ -48,14 +48,14 @@ CommandLine ReadCommandLine(int count, char** values) {
         line.tasks.push_back({Task::kCommands, optarg});
         break;
       case 'h':
-        line.wish = CommandLine::Wish::kShowHelp;
+        line.action = CommandLine::Action::kShowHelp;
         return line;
       case 'V':
-        line.wish = CommandLine::Wish::kShowVersion;
+        line.action = CommandLine::Action::kShowVersion;
         return line;
       default:
         std::cerr << "Try 'mirlow-shell --help'.\n";
-        line.wish = CommandLine::Wish::kNothing;
+        line.action = CommandLine::Action::kReject;
         return line;
     }
   }

@@ -10,12 +10,11 @@ namespace {
 constexpr std::string_view kWordCharacters =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_";
 
-// Where the word begins that the text ends with; its end when it ends with none.
+// The start of the word at the end of the text.
 std::size_t FindWord(std::string_view text) { return text.find_last_not_of(kWordCharacters) + 1; }
 
-// The command that is being typed, without the word that is completed.
 std::string_view CommandBefore(std::string_view text) {
-  return text.substr(text.rfind(';') + 1);  // the whole text when there is no ";"
+  return text.substr(text.rfind(';') + 1);  // npos + 1 is 0
 }
 
 bool EndsWithColon(std::string_view text) {
@@ -27,8 +26,8 @@ class Collector {
  public:
   explicit Collector(std::string_view word) : word_(word) {}
 
-  void Add(std::string_view name, std::string_view behind = "") {
-    if (!name.empty() && name.starts_with(word_)) found_.emplace_back(name).append(behind);
+  void Add(std::string_view name, std::string_view suffix = "") {
+    if (!name.empty() && name.starts_with(word_)) found_.emplace_back(name).append(suffix);
   }
   void AddSymbols(const State& state) {
     for (const s_str& name : state.GetSymbolNames()) Add(name.GetView());
@@ -67,7 +66,7 @@ Completion Complete(const State& state, std::string_view before_cursor) {
   return {start, collector.Take()};
 }
 
-std::string CommonStart(const std::vector<std::string>& candidates) {
+std::string LongestCommonPrefix(const std::vector<std::string>& candidates) {
   if (candidates.empty()) return "";
   std::string_view common = candidates.front();
   for (const std::string& candidate : candidates) {

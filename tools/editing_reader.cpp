@@ -1,4 +1,4 @@
-// Lines edited with libedit: keys as in a command shell or as ~/.editrc says, history, completion.
+// Lines edited with libedit: key bindings of ~/.editrc, history, completion.
 #include <histedit.h>
 
 #include <clocale>
@@ -41,7 +41,7 @@ class EditingReader : public LineReader {
   Outcome Read(std::string& line) override {
     std::fflush(stdout);
     was_abandoned_ = false;
-    // Before the prompt: whoever sees it may press Ctrl-C.
+    // Before the prompt, since Ctrl-C may follow it at once.
     el_set(editor_, EL_PREP_TERM, 1);
     int count = 0;
     const char* typed = el_gets(editor_, &count);
@@ -66,7 +66,7 @@ class EditingReader : public LineReader {
   static unsigned char OnTab(EditLine* editor, int) { return Self(editor).Complete(); }
   static unsigned char OnInterrupt(EditLine* editor, int) { return Self(editor).Abandon(); }
 
-  // libedit catches the signal, puts the terminal right, and lets it stop the whole job.
+  // libedit catches the signal, restores the terminal and stops the whole job.
   static unsigned char OnSuspend(EditLine*, int) {
     kill(0, SIGTSTP);
     return CC_NORM;
@@ -80,7 +80,7 @@ class EditingReader : public LineReader {
     el_set(editor_, EL_BIND, "^C", "mirlow-abandon", nullptr);
     el_set(editor_, EL_BIND, "^R", "em-inc-search-prev", nullptr);
     el_set(editor_, EL_BIND, "^Z", "mirlow-suspend", nullptr);
-    // While a line is edited Ctrl-C and Ctrl-Z are keys, not signals.
+    // Ctrl-C and Ctrl-Z are keys during editing, not signals.
     el_set(editor_, EL_SETTY, "-d", "-isig", nullptr);
   }
 
@@ -93,7 +93,7 @@ class EditingReader : public LineReader {
     }
   }
 
-  // At once, for the command may be one that never returns.
+  // Before the command runs, since it may never return.
   void Remember(const std::string& line) {
     if (line.find_first_not_of(' ') == std::string::npos || line == last_) return;
     HistEvent event;
@@ -112,7 +112,7 @@ class EditingReader : public LineReader {
     const LineInfo* info = el_line(editor_);
     const std::string before(info->buffer, info->cursor);
     const Completion completion = Quarn::Complete(state_, before);
-    const std::string more = CommonStart(completion.candidates);
+    const std::string more = LongestCommonPrefix(completion.candidates);
     const std::size_t typed = before.size() - completion.start;
     if (more.size() > typed) {
       el_insertstr(editor_, more.c_str() + typed);
@@ -140,7 +140,7 @@ class EditingReader : public LineReader {
 }  // namespace
 
 std::unique_ptr<LineReader> NewLineReader(const State& state, TerminalInput&) {
-  // Only so that letters of other alphabets take their room in the line.
+  // For the width of characters alone.
   std::setlocale(LC_CTYPE, "");
   return std::make_unique<EditingReader>(state);
 }

@@ -22,27 +22,26 @@ std::streamsize ErrorWatch::xsputn(const char* text, std::streamsize size) {
   return target_.sputn(text, size);
 }
 
-// Only whole lines come before a flush, or a question, which an answer ends: either way a new line
-// begins.
+// A flush follows a whole line or a question, whose answer ends the line.
 int ErrorWatch::sync() {
-  agreeing_ = 0;
+  matched_ = 0;
   return target_.pubsync();
 }
 
 void ErrorWatch::Watch(std::string_view text) {
   while (!has_seen_error_ && !text.empty()) {
-    if (agreeing_ == kOther) {
+    if (matched_ == kOther) {
       text.remove_prefix(std::min(text.find('\n'), text.size()));
       if (text.empty()) return;
     }
     const char c = text.front();
     text.remove_prefix(1);
     if (c == '\n') {
-      agreeing_ = 0;
-    } else if (c != kErrorStart[agreeing_]) {
-      agreeing_ = kOther;
+      matched_ = 0;
+    } else if (c != kErrorStart[matched_]) {
+      matched_ = kOther;
     } else {
-      has_seen_error_ = ++agreeing_ == kErrorStart.size();
+      has_seen_error_ = ++matched_ == kErrorStart.size();
     }
   }
 }

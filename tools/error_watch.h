@@ -1,6 +1,5 @@
-// ErrorWatch passes all that is written on to another buffer, and notices errors as they go by: the
-// lines that begin with a tab and "Error : ", as every error of the interpreter does and nothing
-// else that it prints. Warnings are none.
+// ErrorWatch forwards to another stream buffer and detects errors: lines that begin with a tab and
+// "Error : ". Warnings are none.
 //   ErrorWatch watch(*std::cout.rdbuf());
 //   std::ostream out(&watch);
 //   out << "\tError : Empty symbol\n";
@@ -28,8 +27,8 @@ class ErrorWatch : public std::streambuf {
   void Watch(std::string_view text);
 
   std::streambuf& target_;
-  // How many characters of the running line agree with the start of an error; kOther when not all.
-  std::size_t agreeing_ = 0;
+  // Characters of the current line that match the start of an error; kOther after a mismatch.
+  std::size_t matched_ = 0;
   bool has_seen_error_ = false;
 };
 

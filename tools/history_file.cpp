@@ -13,14 +13,14 @@ namespace {
 constexpr mode_t kOwnerOnly = 0700;
 constexpr mode_t kOwnerMayReadAndWrite = 0600;
 
-// An absolute path from the environment; anything else counts as none.
+// Empty if the variable is not an absolute path.
 std::filesystem::path FromEnvironment(const char* variable) {
   const char* value = std::getenv(variable);
   const std::filesystem::path path = value ? value : "";
   return path.is_absolute() ? path : std::filesystem::path();
 }
 
-// With all the directories above it that are missing.
+// With its missing parents.
 void MakeDirectory(const std::filesystem::path& path) {
   if (path.empty() || mkdir(path.c_str(), kOwnerOnly) == 0 || errno != ENOENT) return;
   if (path == path.parent_path()) return;
@@ -63,7 +63,7 @@ void HistoryFile::Append(const std::string& line) const {
 void HistoryFile::Write(const std::string& text, int flags) const {
   const int file = open(path_.c_str(), O_WRONLY | O_CLOEXEC | flags, kOwnerMayReadAndWrite);
   if (file < 0) return;
-  // One write for a line keeps it whole. What cannot be kept is forgotten.
+  // A single write keeps lines of concurrent shells apart. Errors are ignored.
   [[maybe_unused]] const ssize_t written = write(file, text.data(), text.size());
   close(file);
 }

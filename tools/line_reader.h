@@ -1,5 +1,5 @@
-// LineReader asks a person at a terminal for one line after the other. Which kind there is was
-// decided when the program was built: editing_reader.cpp, with libedit, or plain_reader.cpp.
+// LineReader reads lines from a terminal: editing_reader.cpp with libedit, or plain_reader.cpp,
+// chosen at build time.
 #pragma once
 
 #include <memory>
@@ -14,16 +14,16 @@ class LineReader {
  public:
   enum class Outcome {
     kLine,
-    kAbandoned,  // by Ctrl-C; there is no line, but another will come
-    kEnd,        // by Ctrl-D on an empty line, or because the terminal is gone
+    kAbandoned,  // Ctrl-C
+    kEnd,        // Ctrl-D on an empty line, or a hangup
   };
 
   virtual ~LineReader() = default;
-  // Prints the prompt and reads a line, without its newline.
+  // Prints the prompt. The line comes without its newline.
   virtual Outcome Read(std::string& line) = 0;
 };
 
-// The reader asks the State what could complete a word. Both arguments must outlive it.
+// The State is for completion. Both arguments must outlive the reader.
 std::unique_ptr<LineReader> NewLineReader(const State& state, TerminalInput& input);
 
 }  // namespace Quarn

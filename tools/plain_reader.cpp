@@ -1,4 +1,4 @@
-// Lines as the terminal itself lets them be typed: the erase key and little more.
+// Lines in the terminal's canonical mode, without line editing.
 #include <csignal>
 #include <iostream>
 
@@ -8,8 +8,8 @@
 namespace Quarn {
 namespace {
 
-// While it lives, Ctrl-C ends reading and not the program. The signal waits until reading does, so
-// that it is not lost on the way there.
+// In its scope, Ctrl-C ends reading and not the program. SIGINT is blocked until the read, so that
+// it cannot be lost before.
 class InterruptsReading {
  public:
   InterruptsReading() {

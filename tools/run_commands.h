@@ -1,4 +1,4 @@
-// Lines that nobody types: from a file, a pipe or an argument.
+// Non-interactive input: a file, a pipe or an argument.
 #pragma once
 
 #include <istream>
@@ -8,12 +8,11 @@ namespace Quarn {
 
 class State;
 
-// Carries out line by line to the end, as the calculator does with a script: a "\r" is left out,
-// wherever it stands, and so are empty lines. When there is nothing to read or reading fails before
-// the end, says so of `name` on standard error and returns false.
+// Runs line by line, without any "\r" and without empty lines. If reading fails, reports it for
+// `name` on standard error and returns false.
 bool RunCommands(State& state, std::istream& lines, const std::string& name);
 
-// The same for a file, which need not be writable.
+// Unlike a script of the calculator, the file need not be writable.
 bool RunFile(State& state, const std::string& path);
 
 }  // namespace Quarn

@@ -1,4 +1,4 @@
-// A dialogue with a person at a terminal.
+// The interactive session.
 #pragma once
 
 #include <istream>
@@ -8,9 +8,8 @@ namespace Quarn {
 class LineReader;
 class State;
 
-// Carries out line by line until "q", "exit" or the end of input. A command that is running ends by
-// Ctrl-C, and the program with it. `answers` is where the State asks its questions: Ctrl-D answers
-// one of them, not all that are to come.
+// Runs line by line until "q", "exit" or the end of input. Ctrl-C during a command ends the
+// program. `answers` is the State's input for questions: Ctrl-D answers a single one.
 void RunSession(State& state, LineReader& reader, std::istream& answers);
 
 }  // namespace Quarn

@@ -1,6 +1,5 @@
 // mirlow-shell: the calculator with line editing, history and completion at a terminal, and with an
-// end, an exit status and several sources of commands in a pipe. What the commands print is the
-// calculator's, byte for byte.
+// exit status and several sources of commands for pipes. Commands print what the calculator prints.
 #include <unistd.h>
 
 #include <cstdlib>
@@ -25,7 +24,7 @@ enum Status { kGood = 0, kReportedError = 1, kCannotRun = 2 };
 
 bool IsTerminal() { return isatty(STDIN_FILENO) && isatty(STDOUT_FILENO); }
 
-// The State with its streams. Questions are asked where `answers` come from.
+// The State and its streams; `answers` is its input for questions.
 class Shell {
  public:
   explicit Shell(std::istream& answers)
@@ -35,7 +34,6 @@ class Shell {
 
   State& GetState() { return state_; }
 
-  // Once all was done.
   Status GetStatus() {
     if (!out_.flush()) {
       std::cerr << "mirlow-shell: cannot write to standard output\n";
@@ -50,7 +48,7 @@ class Shell {
   State state_;
 };
 
-Status Talk() {
+Status RunInteractively() {
   TerminalInput input(STDIN_FILENO);
   std::istream answers(&input);
   Shell shell(answers);
@@ -70,7 +68,7 @@ bool RunTask(State& state, const Task& task) {
 Status RunTasks(const std::vector<Task>& tasks) {
   std::ios::sync_with_stdio(false);
   std::cin.tie(nullptr);
-  // Not even memory that runs out takes back what was printed.
+  // So that no output is lost when memory runs out.
   std::set_terminate([] {
     std::cout.flush();
     std::abort();
@@ -85,20 +83,20 @@ Status RunTasks(const std::vector<Task>& tasks) {
 }
 
 Status Run(const CommandLine& line) {
-  switch (line.wish) {
-    case CommandLine::Wish::kShowHelp:
+  switch (line.action) {
+    case CommandLine::Action::kShowHelp:
       std::cout << kUsage;
       return kGood;
-    case CommandLine::Wish::kShowVersion:
+    case CommandLine::Action::kShowVersion:
       std::cout << "mirlow-shell " << kVersion << '\n';
       return kGood;
-    case CommandLine::Wish::kNothing:
+    case CommandLine::Action::kReject:
       return kCannotRun;
-    case CommandLine::Wish::kRun:
+    case CommandLine::Action::kRun:
       break;
   }
   if (!line.tasks.empty()) return RunTasks(line.tasks);
-  return IsTerminal() ? Talk()
+  return IsTerminal() ? RunInteractively()
                       : RunTasks({
                             {Task::kFile, "-"}
   });

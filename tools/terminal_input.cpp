@@ -12,7 +12,7 @@ namespace Quarn {
 bool TerminalInput::TakeInterruption() { return std::exchange(was_interrupted_, false); }
 
 TerminalInput::int_type TerminalInput::underflow() {
-  // A signal that is held back comes through while this waits, and at no other time.
+  // Blocked signals are delivered during ppoll alone.
   sigset_t none;
   sigemptyset(&none);
   pollfd waiting{file_, POLLIN, 0};

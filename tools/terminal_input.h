@@ -1,6 +1,5 @@
-// TerminalInput reads what is typed at a terminal byte by byte, so that nothing which another
-// reader is to get waits in a buffer here. A signal that is caught ends the reading as the end of
-// input does.
+// TerminalInput reads unbuffered, so that no input for another reader is lost here. A caught signal
+// looks like the end of input.
 //   TerminalInput buffer(STDIN_FILENO);
 //   std::istream in(&buffer);
 #pragma once
@@ -13,7 +12,7 @@ class TerminalInput : public std::streambuf {
  public:
   explicit TerminalInput(int file) : file_(file) {}
 
-  // Did a signal end the reading, since this was asked before?
+  // Did a signal end the reading since the last call?
   bool TakeInterruption();
 
  protected:

@@ -39,9 +39,15 @@ constexpr std::uint64_t kPowersOfTen[] = {
 };
 constexpr std::uint64_t kLeast15Digits = kPowersOfTen[kDigits - 1];
 
+// The powers of ten that a double holds exactly: a quotient of two exact doubles is rounded once.
+constexpr double kExactPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                        1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                        1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr int kLargestExactPower = 22;
+constexpr std::uint64_t kLargestExactWhole = std::uint64_t{1} << 53;
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
-// Writes exactly so many digits, with leading zeros.
+// With leading zeros.
 void WriteDigits(char* out, std::uint64_t value, int count) {
   static constexpr char kPairs[] =
       "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
@@ -60,20 +66,20 @@ char* WriteWhole(char* out, std::uint64_t value) {
   return out + count;
 }
 
-// A number is `digits` * 10^(exponent - 14), with 15 digits of which the first is not 0.
+// digits * 10^(exponent - 14); the first of the 15 digits is not 0.
 struct Rounded {
   std::uint64_t digits;
   int exponent;
 };
 
-// m * 2^-shift to 15 digits, a tie to even, as the exact value asks for: m * 10^n fits 128 bits.
+// m * 2^-shift, correctly rounded to 15 digits, ties to even: m * 10^n fits 128 bits.
 Rounded RoundTo15Digits(std::uint64_t m, int shift, int exponent) {
   while (true) {
     const Wide scaled = Wide{m} * kPowersOfTen[kDigits - 1 - exponent];
     const Wide half = Wide{1} << (shift - 1);
     const Wide rest = scaled & (2 * half - 1);
     auto digits = static_cast<std::uint64_t>(scaled >> shift);
-    // The guess at the exponent may be one too low.
+    // The exponent was guessed one too low.
     if (digits >= 10 * kLeast15Digits) {
       ++exponent;
       continue;
@@ -97,14 +103,14 @@ Rounded RoundTo15Digits(double value) {
 }
 
 char* WriteFixed(char* out, const Rounded& number) {
-  // Zeros at the end go, but for those before the full stop.
+  // Drop trailing zeros, except before the point.
   std::uint64_t significant = number.digits;
   int count = kDigits;
   for (; significant % 100 == 0; count -= 2) significant /= 100;
   for (; significant % 10 == 0; --count) significant /= 10;
   char digits[kDigits + 1] = "000000000000000";
   WriteDigits(digits, significant, count);
-  const int whole = number.exponent + 1;  // digits before the full stop
+  const int whole = number.exponent + 1;  // digits before the point
   if (whole <= 0) {
     std::fill_n(out, 2 - whole, '0');
     out[1] = '.';
@@ -127,7 +133,7 @@ char* WriteOrdinary(char* out, double value) {
   const auto whole = static_cast<std::uint64_t>(size);
   if (static_cast<double>(whole) == size) return WriteWhole(out, whole);
   const Rounded rounded = RoundTo15Digits(size);
-  // 999999999999999.9 rounds up to 1e+15, which is written another way.
+  // 999999999999999.9 rounds up to 1e+15, in scientific notation.
   if (rounded.exponent >= kDigits) return nullptr;
   return WriteFixed(out, rounded);
 }
@@ -137,7 +143,7 @@ s_double ReadOrdinary(std::string_view text) {
   const char* end = at + text.size();
   const bool negative = at != end && *at == '-';
   if (at != end && (*at == '-' || *at == '+')) ++at;
-  // So many digits cannot overflow.
+  // 19 digits cannot overflow.
   if (at == end || end - at > 19) return kNoNumber;
   std::uint64_t whole = 0;
   const char* point = nullptr;
@@ -152,9 +158,12 @@ s_double ReadOrdinary(std::string_view text) {
       return kNoNumber;
     }
   }
-  if (point && end - begin == 1) return kNoNumber;
-  const double size = MakeOrdinary(whole, point ? static_cast<int>(end - point - 1) : 0);
+  if (whole > kLargestExactWhole || (point && end - begin == 1)) return kNoNumber;
+  auto size = static_cast<double>(whole);
+  if (point) size /= kExactPowersOfTen[end - point - 1];
   return negative ? -size : size;
 }
+
+static_assert(kLargestExactPower + 1 == std::size(kExactPowersOfTen) && kLargestExactPower >= 18);
 
 }  // namespace Quarn

@@ -40,7 +40,7 @@ s_str File::GetLine() {
 
 void File::GetLine(s_str& line) {
   std::string text = line.Take();
-  text.clear();  // std::getline leaves the text alone when the stream has failed before
+  text.clear();  // std::getline does not, on a stream that has failed
   std::getline(*this, text);
   if (text.find('\r') != std::string::npos) std::erase(text, '\r');
   line = std::move(text);
@@ -57,8 +57,7 @@ void File::WriteLine(const s_str& text) {
   *this << prefix.GetView() << indented.GetView() << '\n';
 }
 
-// The buffer is asked instead of the stream: tellg would fail once the end was met, and seekg would
-// forget that it was.
+// On the buffer, since tellg fails at the end of the file and seekg clears that state.
 s_uint File::GetLength() const {
   const std::streampos position = rdbuf()->pubseekoff(0, std::ios::cur, std::ios::in);
   const std::streampos length = rdbuf()->pubseekoff(0, std::ios::end, std::ios::in);

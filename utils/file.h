@@ -1,7 +1,6 @@
-// File is a text file: a standard file stream that knows its path, reads lines without carriage
-// returns and writes lines that can be indented. It closes itself when it goes. Nothing here throws
-// or prints: a file that cannot be opened is simply not open, and reading from it gives empty
-// lines.
+// File is a file stream that knows its path, reads lines without carriage returns and writes
+// indented lines. Nothing here throws or prints: a file that cannot be opened is not open, and
+// reading from it returns empty lines.
 //   File script("a.txt", File::kReadWrite);
 //   for (s_str line; script.IsValid();) { script.GetLine(line); ... }
 #pragma once
@@ -16,48 +15,42 @@ namespace Quarn {
 
 class File : public std::fstream {
  public:
-  // How a file is opened.
   enum Mode : unsigned int {
-    kReadWrite = 0,  // the file must exist and allow both
+    kReadWrite = 0,  // the file must exist
     kRead = 1,
-    kWrite = 2,  // creates the file, or empties the one that is there
+    kWrite = 2,  // creates or truncates
   };
 
-  // Opens the file; any other mode number leaves it unopened. Sets the fail state when it cannot be
-  // opened.
+  // Sets the fail state if the file cannot be opened. Any other mode leaves it unopened.
   File(const s_str& path, unsigned int mode, s_bool as_binary = false);
 
-  // Can the path be opened for reading? Never for an empty path.
+  // Can the path be opened for reading? False for an empty path.
   static s_bool Exists(const s_str& path);
 
-  // Is there a file behind it?
   s_bool IsOpen() const { return is_open(); }
-  // Open, and the end was not met yet. It is met by reading the last line when no newline ends it,
-  // and otherwise by reading the empty line after it.
+  // Open and not at the end, which is reached by reading a last line without a newline, or else the
+  // empty line after the last one.
   s_bool IsValid() const { return is_open() && !eof(); }
 
-  // The characters up to the next newline, without it and without any "\r". Empty at the end of the
-  // file and when it is not open.
+  // Without the newline and without any "\r". Empty at the end and if the file is not open.
   s_str GetLine();
-  // The same into a line whose room is used again.
-  void GetLine(s_str& line);
+  void GetLine(s_str& line);  // reuses the capacity of the line
 
-  // Writes the text and a newline; every line of the text is indented alike.
+  // Writes the text and a newline; every line within the text is indented.
   void WriteLine(const s_str& text);
 
-  // How many times four blanks stand before each line written; 0 at first.
+  // In units of four blanks; 0 at first.
   s_uint GetIndent() const { return indent_; }
   void SetIndent(s_uint indent) { indent_ = indent; }
 
-  // The path as it was given.
-  const s_str& GetName() const { return path_; }
-  // In bytes, what was written but not flushed included; the read position and the state of the
-  // stream stay. NaN when the file is not open, INF when the length fits no s_uint.
+  const s_str& GetName() const { return path_; }  // the path
+  // In bytes, including what is not flushed yet; leaves the stream as it is. NaN if the file is not
+  // open, INF if the length does not fit an s_uint.
   s_uint GetLength() const;
-  // The byte that is read next, from 0; NaN and INF as above.
+  // The read position from 0; NaN and INF as above.
   s_uint GetPosition() const;
 
-  // Sets the fail state when closing fails, as it does for a file that is not open.
+  // Sets the fail state if closing fails or the file is not open.
   void Close() { close(); }
 
  private:

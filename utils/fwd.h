@@ -1,4 +1,4 @@
-// Forward declarations of the vocabulary types, and the short names that the code uses for them.
+// Forward declarations and short names of the vocabulary types.
 #pragma once
 
 #include <concepts>

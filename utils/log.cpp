@@ -6,8 +6,8 @@
 namespace Quarn {
 namespace {
 
-// A standard file that the caller has closed is opened on nothing: otherwise the next file to be
-// opened would take its place, and results would be written into the log, or into the script.
+// Opens closed standard files on /dev/null: otherwise the next file to be opened would get their
+// number, and results would be written to the log or the script.
 bool FillStandardFiles() {
   unsigned int file = 0;
   do {
@@ -17,12 +17,12 @@ bool FillStandardFiles() {
   return true;
 }
 
-// Opens the log before main, even if nothing is ever written to it.
+// Even if nothing is ever written to it.
 [[maybe_unused]] const File& opened_before_main = Log();
 
 }  // namespace
 
-// A local variable, so that an object made before main may use the log whatever the order.
+// A local, since other static objects may use the log before main.
 File& Log() {
   [[maybe_unused]] static const bool filled = FillStandardFiles();
   static File log("mirlow.log", File::kWrite);

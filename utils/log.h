@@ -1,5 +1,5 @@
-// The log of the program: "mirlow.log" in the working directory. Every run starts it afresh, and it
-// is open before main begins, in a program that this file's source is linked into.
+// The log file of the program, "mirlow.log" in the working directory. It is truncated and opened
+// before main, in a program that log.cpp is linked into.
 //   Log().WriteLine("text");
 #pragma once
 
@@ -7,7 +7,7 @@
 
 namespace Quarn {
 
-// The open log; its fail state is set when the directory allows no log.
+// In the fail state if the file could not be created.
 File& Log();
 
 }  // namespace Quarn

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t kSlabBytes = 4096;
 
-// Guards what ended threads left behind. Never destroyed, since a thread may end late.
+// Guards left_behind_. Never destroyed, since a thread may end after static destruction.
 std::mutex& GetMutex() {
   static auto* mutex = new std::mutex;
   return *mutex;
@@ -37,7 +37,7 @@ struct Pool::AtThreadExit {
     Splice(left_behind_, lists_);
   }
   ~AtThreadExit() {
-    // With the main thread the process ends, and nobody begins any more.
+    // When the main thread ends, so does the process.
     if (getpid() == gettid()) return;
     const std::lock_guard lock(GetMutex());
     Splice(lists_, left_behind_);

@@ -1,9 +1,7 @@
-// Pool hands out the small blocks that values and their counts live in. An expression makes and
-// drops a value per operand, and the general allocator would be the dearest part of it. Blocks are
-// cut from slabs, and those given back wait in a list per size for the next one. Slabs are kept to
-// the end of the process; the lists belong to a thread, so nothing is locked, and a thread that
-// ends leaves them to the next one that begins. A block may be given back on another thread than
-// the one that asked.
+// Pool allocates the small blocks of values and their counts, since an expression makes and drops a
+// value per operand. Blocks are cut from slabs and freed to a list per size; slabs are never freed.
+// The lists are thread-local, so nothing is locked, and a thread that ends leaves them to the next
+// one that starts. A block may be freed on another thread.
 //   void* block = Pool::Allocate(sizeof(Scalar));
 //   Pool::Free(block, sizeof(Scalar));
 #pragma once
@@ -15,8 +13,7 @@ namespace Quarn {
 
 class Pool {
  public:
-  // A block of at least `size` bytes, aligned for any object of that size, but for types that ask
-  // for more than the default alignment. Throws std::bad_alloc.
+  // Aligned for any object of that size that is not over-aligned. Throws std::bad_alloc.
   static void* Allocate(std::size_t size) {
     const std::size_t index = Index(size);
     if (!kPooled || index >= kSizes || !lists_.free[index]) return AllocateFresh(size);
@@ -25,7 +22,7 @@ class Pool {
     return block;
   }
 
-  // Gives a block back. REQUIRES: it came from Allocate with the same size, or is null.
+  // REQUIRES: the block is null or came from Allocate with the same size.
   static void Free(void* block, std::size_t size) noexcept {
     const std::size_t index = Index(size);
     if (!kPooled || index >= kSizes) return ::operator delete(block);
@@ -33,7 +30,7 @@ class Pool {
   }
 
  private:
-  // Under a sanitizer every block comes from the general allocator, which then sees each misuse.
+  // Sanitizers must see every block, so there the general allocator serves all.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
   static constexpr bool kPooled = false;
 #elif defined(__has_feature)
@@ -47,21 +44,20 @@ class Pool {
   static constexpr bool kPooled = true;
 #endif
 
-  // The counts of a shared pointer take one step.
-  static constexpr std::size_t kStep = 8;
+  static constexpr std::size_t kStep = 8;    // the counts of a shared pointer
   static constexpr std::size_t kSizes = 32;  // blocks up to 256 bytes
 
   struct Block {
     Block* next;
   };
 
-  // Plain data, so that reading it needs no guard, and a block given back by an object that dies
-  // after the thread's own clean-up still finds a list.
+  // Plain data: access needs no initialisation guard, and an object destroyed after the thread's
+  // clean-up can still free its block.
   struct Lists {
     Block* free[kSizes];
   };
   static constinit thread_local Lists lists_;
-  static Lists left_behind_;  // by threads that ended
+  static Lists left_behind_;  // by ended threads
 
   struct AtThreadExit;
 

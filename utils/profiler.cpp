@@ -14,10 +14,9 @@
 namespace Quarn {
 namespace {
 
-// The significant digits of a profiler's own times.
 constexpr s_uint kTimeDigits = 4U;
 
-// The longest name in front of a colon, to which the others are padded.
+// The longest label; the others are padded to its width.
 constexpr std::string_view kRecords = "listing records";
 
 s_str Label(std::string_view name) {
@@ -30,7 +29,6 @@ s_str Milliseconds(s_double seconds) {
   return FormatSignificant(seconds * 1000.0, kTimeDigits) + " ms";
 }
 
-// A share of nothing is no number.
 s_str Percentage(s_double part, s_double whole) {
   const s_double share = whole == 0.0 ? s_double::NaN() : part / whole * 100.0;
   return FormatSignificant(share, kTimeDigits) + "%";
@@ -53,14 +51,13 @@ void ReportProfiler(const Profiler& profiler, s_double total, s_ctnr<s_str>& lin
   }
 }
 
-// A number as its decimal digits, without a point; the first is worth ten to the power of
-// `exponent`.
+// Digits without a point; the first one counts 10^exponent.
 struct Decimal {
   std::string digits;
   int exponent;
 };
 
-// All digits: no double has more than 767. REQUIRES: the value is finite and above 0.
+// All digits, of which a double has 767 at most. REQUIRES: the value is finite and above 0.
 Decimal ToDecimal(double value) {
   char room[800];
   const char* end =
@@ -73,7 +70,7 @@ Decimal ToDecimal(double value) {
   return decimal;
 }
 
-// Keeps so many digits; a half goes up.
+// Halves go up.
 void Round(Decimal& decimal, std::size_t wanted) {
   const bool up = decimal.digits[wanted] >= '5';
   decimal.digits.resize(wanted);

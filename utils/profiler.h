@@ -1,7 +1,7 @@
-// A Profiler knows how long a section of code took each time it ran; a Chrono on the stack of that
-// section measures one run. Profilers stand in named groups, which the TimeManager owns and makes
-// when they are first asked for. While profiling is off, runs are counted but not timed. Switching
-// it off ends the time that the report takes shares of.
+// A Profiler records how long each run of a section of code took; a Chrono on the stack of the
+// section measures one run. The TimeManager owns the profilers, in named groups, and creates them
+// on first use. While profiling is off, runs are counted but not timed. The report needs it
+// switched off, which ends the time that its percentages are taken of.
 //   TimeManager::Get().SetProfiling(true);
 //   { Chrono chrono(TimeManager::Get().GetProfiler("physics", "collisions")); ... }
 //   TimeManager::Get().SetProfiling(false);
@@ -19,26 +19,19 @@ namespace Quarn {
 
 class Profiler {
  public:
-  // The source of its messages.
   static constexpr char kClassName[] = "Profiler";
 
-  // Of that name in the report.
   explicit Profiler(const s_str& name) : name_(name) {}
 
-  // Counts one call that took so many seconds.
-  void Record(s_double seconds);
-  // Counts one call that was not timed.
-  void CountUntimed();
+  void Record(s_double seconds);  // one call
+  void CountUntimed();            // one call
 
-  // As it was made with.
   const s_str& GetName() const { return name_; }
-  // All calls, those that were not timed included.
-  s_uint GetCalls() const { return calls_; }
+  s_uint GetCalls() const { return calls_; }  // timed or not
   s_uint GetUntimedCalls() const { return untimed_calls_; }
-  // The seconds of each timed call, in the order in which they ended.
-  const s_ctnr<s_double>& GetRecords() const { return records_; }
+  const s_ctnr<s_double>& GetRecords() const { return records_; }  // in seconds
 
-  // Over all records, in seconds; NaN while there is none.
+  // In seconds; NaN while nothing is recorded.
   s_double GetTotal() const;
   s_double GetAverage() const;
   s_double GetHighest() const;
@@ -51,15 +44,13 @@ class Profiler {
   s_ctnr<s_double> records_;
 };
 
-// The profilers of one name.
+// A named list of profilers.
 class ProfilerGroup {
  public:
-  // The profiler of that name, made on first use. It stays where it is as long as the group.
+  // Created on first use; the reference is valid as long as the group.
   Profiler& GetProfiler(const s_str& name);
-  // In the order in which their names were first used.
-  const s_ctnr<Profiler>& GetProfilers() const { return profilers_; }
-  // What all profilers recorded, in seconds; 0 when they recorded nothing.
-  s_double GetTime() const;
+  const s_ctnr<Profiler>& GetProfilers() const { return profilers_; }  // in order of first use
+  s_double GetTime() const;  // the sum of all records in seconds
 
  private:
   s_ctnr<Profiler> profilers_;
@@ -68,11 +59,10 @@ class ProfilerGroup {
 // By name.
 using ProfilerGroups = std::map<s_str, ProfilerGroup>;
 
-// A stopwatch that runs from its construction and records into its profiler when it ends. Whether
-// the call is timed is settled at the start: it is when profiling is on.
+// Times one call, from its construction to Stop or its destruction. If profiling is off at its
+// start, the call is only counted.
 class Chrono {
  public:
-  // The source of its messages.
   static constexpr char kClassName[] = "Chrono";
 
   // REQUIRES: the profiler outlives the Chrono.
@@ -81,14 +71,12 @@ class Chrono {
   Chrono& operator=(const Chrono&) = delete;
   ~Chrono() { Stop(); }
 
-  // Ends the measuring and records it; only the first Stop does so.
+  // Records the call; later Stops do nothing.
   void Stop();
 
-  // As a timer does.
   void Start() { timer_.Start(); }
   void Pause() { timer_.Pause(); }
   void Reset() { timer_.Reset(); }
-  // In seconds.
   s_double GetElapsed() const { return timer_.GetElapsed(); }
 
  private:
@@ -98,10 +86,10 @@ class Chrono {
   s_bool stopped_ = false;
 };
 
-// A number with a fixed count of significant digits and no exponent, halves rounded away from zero:
-// with 4, 12.346 gives "12.35" and 0.000123456 gives "0.0001235". Digits of the integer part beyond
-// those asked for become 0 without rounding: 123456 gives "123400". NaN and the infinities give
-// "nan", "inf+" and "inf-".  REQUIRES: 1 to 17 digits.
+// A fixed count of significant digits and no exponent, halves rounded away from zero: with
+// 4, 12.346 gives "12.35" and 0.000123456 gives "0.0001235". Further digits of the integer part
+// become 0 without rounding: 123456 gives "123400". "nan", "inf+" and "inf-" for the rest.
+// REQUIRES: 1 to 17 digits.
 // Kept on purpose: the text has the value of the number. Below 1 there is one zero fewer after the
 // point than the multiplications by ten that reach 1: 0.05 takes two of them, and is "0.05000". A
 // rounding may carry into the integer part: 12.996 is "13.00". An integer part of four digits has

@@ -1,7 +1,6 @@
-// s_bool_t<bool> is a truth value that stands in `if` and `while` but never becomes a number:
-// it converts to a pointer to a function, which is null exactly when the value is false, and it is
-// made from a bool alone, so neither `s_bool b = 5` nor `int i = b` compiles. Two are equal or not;
-// they have no order.
+// s_bool_t<bool> is a truth value that works in `if` and `while` but never becomes a number: it
+// converts to a function pointer, null when false (the safe-bool idiom), and only from a bool, so
+// neither `s_bool b = 5` nor `int i = b` compiles. Equality works; there is no ordering.
 //   s_bool found = text.Contains("=");
 //   if (found) ...
 #pragma once
@@ -13,19 +12,16 @@ namespace Quarn {
 template <class T>
 class s_bool_t {
  public:
-  // What converts neither to a number nor to a bool by accident.
   using Test = void (*)();
 
   constexpr s_bool_t() = default;
-  // From a bool alone.
   template <std::same_as<T> Value>
   constexpr s_bool_t(Value value) : value_(value) {}
 
-  // Null exactly when the value is false.
   constexpr operator Test() const { return value_ ? &IsTrue : nullptr; }
   constexpr bool operator!() const { return !value_; }
 
-  // The pointers would compare.
+  // Otherwise the function pointers would be compared.
   friend void operator<(s_bool_t, s_bool_t) = delete;
   friend void operator<=(s_bool_t, s_bool_t) = delete;
   friend void operator>(s_bool_t, s_bool_t) = delete;

@@ -1,5 +1,5 @@
-// s_ctnr<T> is a sequence with value semantics over std::deque<T>; copying it copies its elements.
-// The base s_ctnr_t<T, C> holds the container, so that a container may be destroyed through it.
+// s_ctnr<T> is a sequence over std::deque<T>; copying it copies its elements. It may be destroyed
+// through its base s_ctnr_t<T, C>.
 //   s_ctnr<s_str> words;
 //   words.PushBack("a");
 //   for (const s_str& word : words) ...
@@ -14,11 +14,15 @@
 
 namespace Quarn {
 
+// As the standard containers count. NaN and INF are past the end.
+constexpr std::size_t ToPlace(s_uint index) {
+  return index.IsValid() ? index.Get() : static_cast<std::size_t>(-1);
+}
+
 template <class T, class C>
 class s_ctnr_t {
  public:
   s_ctnr_t() = default;
-  // Of these elements, in order.
   s_ctnr_t(std::initializer_list<T> elements) : elements_(elements) {}
   s_ctnr_t(const s_ctnr_t&) = default;
   s_ctnr_t(s_ctnr_t&&) = default;
@@ -26,36 +30,27 @@ class s_ctnr_t {
   s_ctnr_t& operator=(s_ctnr_t&&) = default;
   virtual ~s_ctnr_t() = default;
 
-  // At the end.
   void PushBack(T element) { elements_.push_back(std::move(element)); }
   void PopBack() { elements_.pop_back(); }  // REQUIRES: not empty
-  // Removes all.
   void Clear() { elements_.clear(); }
-  // Removes the element at an index from 0; an index past the end removes nothing.
+  // An index past the end removes nothing.
   void Erase(s_uint index) {
     if (index < GetSize()) elements_.erase(elements_.begin() + index.Get());
   }
 
-  // How many elements there are, and whether there are none.
   s_uint GetSize() const { return static_cast<unsigned int>(elements_.size()); }
   s_bool IsEmpty() const { return elements_.empty(); }
 
-  // The element at an index from 0. An index past the end raises std::out_of_range.
+  // An index past the end raises std::out_of_range.
   T& operator[](s_uint index) { return elements_.at(ToPlace(index)); }
   const T& operator[](s_uint index) const { return elements_.at(ToPlace(index)); }
 
-  // In order, as for every standard container.
   auto begin() { return elements_.begin(); }
   auto end() { return elements_.end(); }
   auto begin() const { return elements_.begin(); }
   auto end() const { return elements_.end(); }
 
  private:
-  // NaN and INF lie past every end.
-  static constexpr std::size_t ToPlace(s_uint index) {
-    return index.IsValid() ? index.Get() : static_cast<std::size_t>(-1);
-  }
-
   C elements_;
 };
 

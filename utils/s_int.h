@@ -1,7 +1,6 @@
-// s_int_t<T> is an integer with a state: a number, infinite, or not a number. A position that was
-// not found is NaN, a count that runs to the end is INF. Sums and differences of numbers wrap
-// modulo the width of T, unchecked. It is made from a T alone: `s_uint n = -1` and `s_uint n = 2.7`
-// do not compile.
+// s_int_t<T> is an integer with a state: number, infinite or not a number. A position that was not
+// found is NaN, a count up to the end is INF. Sums and differences wrap modulo the width of T. Only
+// a T converts to it: `s_uint n = -1` and `s_uint n = 2.7` do not compile.
 //   s_uint position = text.Find("=");  // NaN when there is none
 //   if (position.IsValid()) ...
 #pragma once
@@ -15,15 +14,12 @@ namespace Quarn {
 template <std::integral T>
 class s_int_t {
  public:
-  // What kind of value it is.
   enum class State : unsigned int { kNumber = 0, kInfinite = 1, kNaN = 2 };
 
-  // The values that are no number.
   static const s_int_t NaN;
   static const s_int_t INF;
 
   constexpr s_int_t() = default;
-  // From a T alone: another integer might not fit, and a fraction or a bool is a mistake.
   template <std::same_as<T> Value>
   constexpr s_int_t(Value value) : value_(value) {}
 
@@ -31,12 +27,11 @@ class s_int_t {
   constexpr T Get() const { return value_; }
   constexpr State GetState() const { return state_; }
 
-  // Is it a number, is it NaN, is it the number 0?
   constexpr s_bool IsValid() const { return state_ == State::kNumber; }
   constexpr s_bool IsNaN() const { return state_ == State::kNaN; }
   constexpr s_bool IsNull() const { return state_ == State::kNumber && value_ == 0; }
 
-  // NaN with anything is NaN; INF with a number is INF.
+  // NaN beats INF, INF beats a number.
   friend constexpr s_int_t operator+(s_int_t a, s_int_t b) {
     return a.WithStateOf(b, static_cast<T>(a.Bits() + b.Bits()));
   }
@@ -46,8 +41,7 @@ class s_int_t {
   constexpr s_int_t& operator+=(s_int_t other) { return *this = *this + other; }
   constexpr s_int_t& operator-=(s_int_t other) { return *this = *this - other; }
 
-  // Every comparison with NaN is false, equality included. INF is above every number and equal to
-  // itself.
+  // Any comparison with NaN is false, even ==; INF equals itself and is above every number.
   friend constexpr s_bool operator<=(s_int_t a, s_int_t b) {
     if (a.state_ == State::kNaN || b.state_ == State::kNaN) return false;
     if (b.state_ == State::kInfinite) return true;
@@ -66,7 +60,6 @@ class s_int_t {
 
   constexpr s_int_t(T value, State state) : value_(value), state_(state) {}
 
-  // The state of a result: NaN beats infinite, infinite beats a number.
   constexpr s_int_t WithStateOf(s_int_t other, T value) const {
     if (state_ == State::kNaN || other.state_ == State::kNaN) return {0, State::kNaN};
     if (state_ == State::kInfinite || other.state_ == State::kInfinite) {

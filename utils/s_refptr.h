@@ -1,9 +1,9 @@
-// s_refptr<T> shares one heap object among owners; the last owner to go deletes it. The counts live
-// apart from the object, so T needs no base class. For one thread only.
+// s_refptr<T> shares one heap object among owners; the last one to go deletes it. The counts are
+// separate from the object, so T needs no base class. Not thread-safe.
 //   s_refptr<Symbol> a(new Symbol("x"));  // strong count 1
 //   s_refptr<Symbol> b = a;               // strong count 2, same object
-// The weak count is kept for holders that only want to see whether the object is still there: while
-// it is above 0, the counts outlive the object.
+// While the weak count is above 0, the counts outlive the object, so that a weak holder could see
+// that it is gone.
 #pragma once
 
 #include <type_traits>
@@ -20,8 +20,8 @@ class s_refptr {
  public:
   constexpr s_refptr() = default;
 
-  // Takes ownership of a new object; strong count 1, weak count 0. Null gives a null pointer. If
-  // there is no memory for the counts, the object is deleted and std::bad_alloc passes through.
+  // Takes ownership. If there is no memory for the counts, the object is deleted before
+  // std::bad_alloc is thrown.
   explicit s_refptr(T* object) : object_(object) {
     if (!object) return;
     try {
@@ -35,7 +35,6 @@ class s_refptr {
     *weak_ = 0;
   }
 
-  // One more owner, or the same one in another place.
   s_refptr(const s_refptr& other)
       : object_(other.object_), strong_(other.strong_), weak_(other.weak_) {
     if (strong_) ++*strong_;
@@ -44,7 +43,7 @@ class s_refptr {
       : object_(std::exchange(other.object_, nullptr)),
         strong_(std::exchange(other.strong_, nullptr)),
         weak_(std::exchange(other.weak_, nullptr)) {}
-  // A pointer to the base shares the same object and counts.
+  // Shares the object and the counts, as a pointer to the base.
   template <class Derived>
   requires std::is_convertible_v<Derived*, T*> s_refptr(s_refptr<Derived> other)
   noexcept
@@ -52,7 +51,7 @@ class s_refptr {
         strong_(std::exchange(other.strong_, nullptr)),
         weak_(std::exchange(other.weak_, nullptr)) {}
 
-  // Safe when `other` lives inside the object that is released: the new object is held first.
+  // Safe when `other` is a member of the object being released: the new object is held first.
   s_refptr& operator=(const s_refptr& other) {
     if (this != &other) s_refptr(other).Swap(*this);
     return *this;
@@ -64,20 +63,16 @@ class s_refptr {
 
   ~s_refptr() { Release(); }
 
-  // The object, which stays shared. REQUIRES, but for Get: not null.
-  T* operator->() const { return object_; }
-  T& operator*() const { return *object_; }
+  T* operator->() const { return object_; }  // REQUIRES: not null
+  T& operator*() const { return *object_; }  // REQUIRES: not null
   T* Get() const { return object_; }
 
-  // Is there no object?
   s_bool IsNull() const { return object_ == nullptr; }
-  // Is there one?
   explicit operator bool() const { return object_ != nullptr; }
 
   // The number of owners; 0 for null.
   s_uint GetCount() const { return strong_ ? *strong_ : 0U; }
 
-  // Exchanges what the two point to; the counts stay.
   void Swap(s_refptr& other) noexcept {
     std::swap(object_, other.object_);
     std::swap(strong_, other.strong_);
@@ -95,7 +90,7 @@ class s_refptr {
   }
 
   [[gnu::noinline]] void Drop() {
-    // The counts go first: the object's destructor may be long, and needs them no more.
+    // Counts first, so that pointers made by the object's destructor can reuse their block.
     T* object = std::exchange(object_, nullptr);
     if (*weak_ == 0) {
       Pool::Free(strong_, kCounts);

@@ -9,10 +9,10 @@
 namespace Quarn {
 namespace {
 
-// The length that the standard string takes for "up to the end" where ours is INF or NaN.
+// INF and NaN mean up to the end, npos to the standard string.
 std::size_t ToLength(s_uint count) { return count.IsValid() ? count.Get() : std::string::npos; }
 
-// Only codes that fit an unsigned char may be handed to the C library.
+// The C library takes only codes that fit an unsigned char.
 template <class T>
 T ChangeCase(T character, int (*change)(int)) {
   const auto code = static_cast<std::make_unsigned_t<T>>(character);

@@ -39,13 +39,12 @@ s_str IntegerToText(s_int_t<T> value) {
   return value.IsValid() ? s_str(std::to_string(value.Get())) : s_str("inf");
 }
 
-// What the C locale's isspace says.
+// As isspace in the C locale.
 bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-// The characters that a stream takes for a number: sign, digits with one full stop, and an exponent
-// once there was a digit. It takes them before it looks whether they make a number: "5e" is taken
-// whole, and is none.
+// The characters that a stream extracts: sign, digits with one point, and an exponent after a
+// digit. It parses them afterwards, so "5e" is extracted whole and is not a number.
 std::string_view TakeNumber(std::string_view text) {
   std::size_t at = 0;
   while (at < text.size() && IsSpace(text[at])) ++at;
@@ -68,7 +67,7 @@ std::string_view TakeNumber(std::string_view text) {
   return text.substr(0, at);
 }
 
-// A stream for reading numbers. Left alone, it would take memory that runs out for a bad number.
+// Throws std::bad_alloc, which a stream would otherwise turn into a failed extraction.
 class NumberStream : public std::istringstream {
  public:
   explicit NumberStream(std::string_view text) : std::istringstream(std::string(text)) {
@@ -77,7 +76,7 @@ class NumberStream : public std::istringstream {
   }
 };
 
-// The rare numbers beyond the range of double: the stream itself tells what becomes of them.
+// Rare, so the stream itself decides between the largest double and 0.
 NumberRead ReadBeyondRange(std::string_view number) {
   NumberStream stream(number);
   double value = 0;

@@ -1,6 +1,5 @@
-// Numbers and booleans to and from text. A number becomes the text that a standard stream writes,
-// and a text becomes the number that a standard stream reads, both in the classic locale whatever
-// the locale of the host program, and without a stream.
+// Numbers and booleans to and from text: what a standard stream in the classic locale writes and
+// reads, without a stream and whatever the locale of the host.
 #pragma once
 
 #include <cstddef>
@@ -12,51 +11,49 @@
 
 namespace Quarn {
 
-// The significant digits that a number prints with.
+// Significant digits.
 inline constexpr int kDoubleDigits = 15;
 inline constexpr int kFloatDigits = 6;
 
-// Room for the longest text of a number, -1.23456789012346e-308, and more.
+// Enough for the longest text of a number, -1.23456789012346e-308.
 inline constexpr std::size_t kNumberRoom = 32;
 
-// Writes the text of a number at `out` and returns its end; nothing is terminated. A finite number
-// is written in the general notation ("0.1", "2", "1e+20"), the others as "nan", "inf+", "inf-".
-// REQUIRES: room for kNumberRoom characters.
+// Writes a number at `out`, unterminated, and returns its end. Finite numbers in the general
+// notation
+// ("0.1", "2", "1e+20"), the others as "nan", "inf+", "inf-".  REQUIRES: kNumberRoom characters.
 char* WriteDouble(char* out, double value);
 
-// The same as a text.
+// As a text.
 s_str ToText(s_double value);
 s_str ToText(s_float value);
-// "inf" and "nan" for the states that are no number; without sign or padding otherwise.
+// "inf" and "nan" for the states that are no number.
 s_str ToText(s_uint value);
 s_str ToText(s_uint_t<unsigned long> value);
 s_str ToText(s_int value);
 s_str ToText(s_bool value);  // "true" or "false"
 
-// What reading a text as a number came to, with the rules of a stream's extraction: leading white
-// space is skipped and reading stops at the first character that cannot go on with the number.
+// The result of reading a number as a stream does: leading white space is skipped, and reading
+// stops at the first character that cannot continue the number.
 struct NumberRead {
-  s_double value;   // 0 when there is no number; the largest double when it is too large for one
-  s_bool complete;  // false where the stream would report a failure: no number, or too large
+  s_double value;   // 0 if there is no number; the largest double if it is too large
+  s_bool complete;  // false where a stream would fail: no number, or too large
 };
 NumberRead ReadDouble(std::string_view text);
 
-// 0 when the text holds no number: ask IsNumber first.
+// 0 if there is no number: ask IsNumber first.
 s_double ToDouble(const s_str& text);
 s_float ToFloat(const s_str& text);
-// As the stream extraction of the plain integer: 0 when there is none, the nearest value when it is
-// too large or too small; a minus sign wraps where there are no negative values.
+// As a stream reads the built-in integer: 0 if there is none, the nearest value if it is out of
+// range; the unsigned ones wrap at a minus sign.
 s_uint ToUint(const s_str& text);
 s_ulong ToUlong(const s_str& text);
 s_int ToInt(const s_str& text);
 
-// A text that is a boolean.
+// The texts that IsBoolean accepts, and their values.
 struct BooleanWord {
-  // What is written, and what it means.
   const char* text;
   bool value;
 };
-// All of them.
 inline constexpr BooleanWord kBooleanWords[] = {
     {"false", false},
     {"true",  true },
@@ -65,16 +62,15 @@ inline constexpr BooleanWord kBooleanWords[] = {
     {"no",    false},
     {"yes",   true },
 };
-// False for a text that is not a boolean word: ask IsBoolean first.
+// False for any other text: ask IsBoolean first.
 s_bool ToBool(const s_str& text);
 
-// A text of 32-bit characters from one of bytes, character by character, and back; a character that
-// fits no byte becomes "?".
+// Character by character; what does not fit a byte becomes "?".
 s_ustr Widen(const s_str& text);
 inline s_str Narrow(const s_str& text) { return text; }
 s_str Narrow(const s_ustr& text);
 
-// The conversions for texts of other characters. A character that fits no byte ends a number.
+// The conversions for other character types. A character that does not fit a byte ends a number.
 template <class T, class Value>
 s_str_t<T> ToText(Value value) {  // ToText<unsigned int>(value) is an s_ustr
   if constexpr (std::is_same_v<T, char>) {

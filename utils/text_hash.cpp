@@ -9,8 +9,8 @@ namespace {
 
 TextHash::Key DrawKey() {
   TextHash::Key key;
-  if (getentropy(key.data(), sizeof key) == 0) return key;
-  // GCOVR_EXCL_START: only where the system has no random numbers.
+  if (getentropy(key.data(), sizeof key) == 0) return key;  // GCOVR_EXCL_BR_LINE: as follows
+  // GCOVR_EXCL_START: only where the system has no entropy to give.
   const auto now = std::chrono::system_clock::now().time_since_epoch().count();
   key = {static_cast<std::uint64_t>(now), reinterpret_cast<std::uintptr_t>(&key),
          reinterpret_cast<std::uintptr_t>(&DrawKey), static_cast<std::uint64_t>(getpid())};
@@ -21,7 +21,7 @@ TextHash::Key DrawKey() {
 
 }  // namespace
 
-// Drawn on first use, which may be before main.
+// A local, since the first use may be before main.
 const TextHash::Key& TextHash::GetProcessKey() {
   static const Key key = DrawKey();
   return key;

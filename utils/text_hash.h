@@ -1,6 +1,5 @@
-// Hashing and comparing of texts for tables that are asked with a text of any kind. The hash is
-// keyed with random numbers that each process draws for itself, so nobody can make up names that
-// fall together. Nothing that is printed may depend on it.
+// Hash and equality for heterogeneous look-up of texts. The hash is keyed with random numbers of
+// the process, so colliding names cannot be crafted. Output must not depend on it.
 //   std::unordered_map<s_str, int, TextHash, TextEqual> table;
 //   table.find(std::string_view("x"));
 #pragma once
@@ -15,17 +14,15 @@
 
 namespace Quarn {
 
-// Multiplies words that the key masks, and folds the product: one product for each 16 bytes, and a
-// last one that scatters what similar texts leave close together.
+// Multiply and fold (xor the halves of the 128-bit product) on words masked by the key: once for
+// each 16 bytes, and once more to break up the runs that similar names would form.
 class TextHash {
  public:
   using Key = std::array<std::uint64_t, 4>;
 
-  // With the key of the process, or with one of the caller's.
   TextHash() : key_(GetProcessKey()) {}
   explicit TextHash(const Key& key) : key_(key) {}
 
-  // The hash of a text of any kind.
   using is_transparent = void;
   std::size_t operator()(std::string_view text) const {
     if (text.size() < 4) return HashShort(text);
@@ -65,7 +62,7 @@ class TextHash {
     return Fold(Read<Word>(at) ^ state, Read<Word>(at + size - sizeof(Word)) ^ key_[1]);
   }
 
-  // There are too few texts of less than 4 bytes to be worth the last product.
+  // There are too few texts this short to need the last step.
   std::uint64_t HashShort(std::string_view text) const {
     std::uint64_t word = text.size();
     for (const char c : text) word = word << 8 | static_cast<unsigned char>(c);
@@ -75,13 +72,11 @@ class TextHash {
   Key key_;
 };
 
-// Character by character.
+// Equality to go with it.
 struct TextEqual {
-  // Any kind of text, as a view.
   using is_transparent = void;
   static std::string_view View(const s_str& text) { return text.GetView(); }
   static std::string_view View(std::string_view text) { return text; }
-  // Are the two the same text?
   template <class A, class B>
   bool operator()(const A& a, const B& b) const {
     return View(a) == View(b);

@@ -11,12 +11,12 @@
 namespace Quarn {
 namespace {
 
-// Steps below this are too short to tell a rate; they count as the rate of the shortest that can.
+// Shorter steps count as if they had this length.
 constexpr double kShortestStep = 0.0001;
 constexpr unsigned int kRateOfShorterSteps = 10000;
 constexpr double kPeriod = 1.0;
 
-// NaN while nothing was summed; a sum that is no number stays what it is.
+// NaN of nothing. A sum that is INF or NaN stays so.
 s_uint Mean(s_uint sum, s_uint count) {
   if (count.Get() == 0) return s_uint::NaN;
   return sum.IsValid() ? s_uint(sum.Get() / count.Get()) : sum;
@@ -130,9 +130,9 @@ s_int TimeManager::SeedRandom() {
 }
 
 s_str FormatPlayTime(s_double seconds) {
-  constexpr double kTooLong = 4294967296.0;  // where ToUint would begin again at 0
+  constexpr double kTooLong = 4294967296.0;  // ToUint would wrap
   const s_uint total = seconds >= kTooLong ? s_uint::INF : seconds.Floor().ToUint();
-  s_uint hours = total;  // the state of one that is no number
+  s_uint hours = total;  // INF or NaN stays so
   s_uint minutes = total;
   s_uint rest = total;
   if (total.IsValid()) {

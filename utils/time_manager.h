@@ -1,11 +1,10 @@
-// TimeManager is the system's notion of time: the clock, the step and the rates of a loop that
-// calls Update once a round, the calendar, and the profilers. The clock comes from outside: a
-// function that returns seconds; without one it is always 0.
+// TimeManager holds the clock, the step and the rates of a loop that calls Update each time around,
+// the calendar and the profilers. The program installs the clock, a function that returns seconds;
+// without one the time is always 0.
 //   TimeManager::Get().SetClock(&ProcessorSeconds);
 //   TimeManager::Get().Initialise();
 //   while (running) { TimeManager::Get().Update(); ... }
-// The instance is made by the first Get and lives until Destroy; it owns the profilers, and every
-// reference to one ends with it. For one thread only.
+// The instance lives from the first Get to Destroy and owns the profilers. Not thread-safe.
 #pragma once
 
 #include "utils/profiler.h"
@@ -20,61 +19,49 @@ namespace Quarn {
 
 class TimeManager {
  public:
-  // The source of its messages.
   static constexpr char kClassName[] = "TimeManager";
 
-  // Seconds since any fixed time.
   using ClockFunction = s_double (*)();
 
   TimeManager(const TimeManager&) = delete;
   TimeManager& operator=(const TimeManager&) = delete;
 
-  // The instance, which stays owned here.
   static TimeManager& Get();
-  // Deletes the instance, if there is one; the next Get makes a fresh one.
-  static void Destroy();
+  static void Destroy();  // the next Get creates a new instance
 
-  // Null takes the clock away.
-  void SetClock(ClockFunction clock) { clock_ = clock; }
-  // What the clock says, in seconds; 0 without a clock.
+  void SetClock(ClockFunction clock) { clock_ = clock; }  // null: no clock
   s_double GetTime() const { return clock_ ? clock_() : s_double(0.0); }
 
-  // Begins to keep time: from here on rates are measured and the play time runs.
-  void Initialise();
-  // Keeps step and rates up to date; to be called once a round.
-  void Update();
+  void Initialise();  // starts the measuring of rates and the play time
+  void Update();      // to be called once per iteration of the loop
 
-  // The last step in seconds; if that is 0.0001 or less, 1 / current rate; 0 while there is no
-  // rate.
+  // In seconds, between the last two updates; if that is 0.0001 or less, 1 / current rate, or 0
+  // without one.
   s_double GetStep() const;
 
-  // Updates per second. The rate of a period of a second is the mean of what its steps, each taken
-  // alone, come to, in whole updates; it is not a count of updates.
-  s_uint GetRate() const { return rate_; }  // of the last whole period; 0 before there is one
-  s_uint GetAverageRate() const;            // of all periods; NaN before there is one
-  s_uint GetHighestRate() const { return highest_rate_; }  // 0 before there is one
-  s_uint GetLowestRate() const { return lowest_rate_; }    // INF before there is one
+  // In updates per second. The rate of a one-second period is the mean of the instantaneous rates
+  // of its steps, not a count of updates.
+  s_uint GetRate() const { return rate_; }  // of the last whole period; 0 without one
+  s_uint GetAverageRate() const;            // of all periods; NaN without one
+  s_uint GetHighestRate() const { return highest_rate_; }  // 0 without one
+  s_uint GetLowestRate() const { return lowest_rate_; }    // INF without one
 
-  // The seconds since Initialise; 0 before.
-  s_double GetPlayTime() const;
-  // The same as "[hours:minutes:seconds]".
+  // Since Initialise; 0 before.
+  s_double GetPlayTime() const;  // in seconds
   s_str GetPlayTimeText() const;
 
-  // Switching on begins the profiled time, switching off ends it, also when it is switched so
-  // already.
+  // Switching on starts the profiled time and switching off ends it, even if repeated.
   void SetProfiling(s_bool on);
   s_bool IsProfiling() const { return profiling_; }
-  // The seconds between the last switching on and the last switching off; 0 before.
+  // In seconds; 0 until profiling was switched off.
   s_double GetProfiledTime() const { return profiled_; }
-  // The profiler of that name in that group; both are made on first use.
+  // Created on first use, valid as long as the instance.
   Profiler& GetProfiler(const s_str& group, const s_str& name);
-  // Groups in the order of their names.
   const ProfilerGroups& GetProfilerGroups() const { return groups_; }
-  // Prints what was profiled line by line through the UtilsManager. Shares are of the profiled
-  // time: "nan%" while that is 0.
+  // Through the UtilsManager. Percentages are of the profiled time: "nan%" while that is 0.
   void PrintReport() const;
 
-  // The local date and time of the computer.
+  // Local time.
   s_uint GetYear() const;
   s_uint GetMonth() const;       // January is 1
   s_uint GetDayOfWeek() const;   // Sunday is 1
@@ -82,18 +69,16 @@ class TimeManager {
   s_uint GetHour() const;
   s_uint GetMinutes() const;
   s_uint GetSeconds() const;
-  // Of the running second: below 1000000.
-  s_uint GetMicroseconds() const;
+  s_uint GetMicroseconds() const;  // of the current second
 
-  // Seeds rand() from the microseconds and returns the fourth number that it then gives.
+  // Seeds rand() from the microseconds and returns its fourth number.
   static s_int SeedRandom();
 
  private:
   TimeManager() = default;
   ~TimeManager() = default;
 
-  // Before there is a step.
-  static constexpr double kFirstStep = 0.017;
+  static constexpr double kFirstStep = 0.017;  // until there is one
 
   void EndPeriod();
 
@@ -112,14 +97,13 @@ class TimeManager {
   s_double profiling_start_, profiled_;
   ProfilerGroups groups_;
 
-  // Of the running period; only its end sets them back.
+  // Of the current period; only its end resets them.
   s_uint updates_;
   s_uint instant_rate_sum_;
 };
 
-// A duration in seconds as "[hours:minutes:seconds]", the last two with two digits: "[0:01:05]".
-// Fractions of a second are cut off. What an s_uint cannot count, a duration below 0 or of 2^32 s
-// (136 years) and more, gives "[inf:inf:inf]"; NaN gives "[nan:nan:nan]".
+// As "[hours:minutes:seconds]": 65.5 gives "[0:01:05]". What an s_uint cannot count, a duration
+// below 0 or from 2^32 s (136 years) on, gives "[inf:inf:inf]"; NaN gives "[nan:nan:nan]".
 s_str FormatPlayTime(s_double seconds);
 
 }  // namespace Quarn

@@ -37,10 +37,10 @@ s_double Timer::GetElapsed() const {
 PeriodicTimer::PeriodicTimer(s_double period, s_bool running) : timer_(running), period_(period) {
   if (period > 0.0 && period.IsFinite()) return;
   UtilsManager::Get().Warning(kClassName, "the period must be above 0 s, and finite");
-  period_ = s_double::NaN();  // no elapsed time compares with it
+  period_ = s_double::NaN();  // compares false with any time
 }
 
-// Periods are counted and multiplied: adding one to the other would drift by the rounding of sums.
+// Multiplied, since a running sum of periods would drift.
 s_bool PeriodicTimer::HasPassed() {
   if (!(timer_.GetElapsed() >= next_ * period_)) return false;
   next_ += 1.0;

@@ -1,6 +1,5 @@
-// Timer measures time by the clock of the TimeManager, and makes that manager if there is none yet.
-// It can be paused; the time of a pause does not count. PeriodicTimer tells when the next of equal
-// periods has passed.
+// Timer measures time, without its pauses, by the clock of the TimeManager, which it creates if
+// needed. PeriodicTimer tells when the next of equal periods has passed.
 //   Timer timer;
 //   s_double seconds = timer.GetElapsed();
 //   PeriodicTimer every_second(1.0);
@@ -14,61 +13,47 @@ namespace Quarn {
 
 class Timer {
  public:
-  // The source of its messages.
   static constexpr char kClassName[] = "Timer";
 
-  // Starts at once, or paused with no time elapsed.
   explicit Timer(s_bool running = true);
 
-  // Goes on after a pause; a running timer just runs on.
-  void Start();
-  // Keeps what has elapsed; a paused timer stays so.
+  void Start();  // no effect on a running timer
   void Pause();
-  // Sets the elapsed time to 0; a running timer runs on, a paused one stays so.
-  void Reset();
+  void Reset();  // to 0; a running timer keeps running
 
-  // Does it stand still? It does until it is started.
   s_bool IsPaused() const { return paused_; }
-  // In seconds.
-  s_double GetElapsed() const;
+  s_double GetElapsed() const;  // in seconds
 
  private:
   s_double accumulated_;  // over the runs before the last pause
-  s_double start_;        // of the present run
+  s_double start_;        // of the current run
   s_bool paused_ = true;
 };
 
-// A timer that rings once per period.
+// A timer that fires once per period.
 class PeriodicTimer {
  public:
-  // The source of its messages.
   static constexpr char kClassName[] = "PeriodicTimer";
 
-  // A period in seconds. One that is not above 0, or not finite, never passes, and a warning says
-  // so. Starts at once, or paused.
+  // In seconds. A period that is not above 0 or not finite never passes; a warning says so.
   explicit PeriodicTimer(s_double period, s_bool running = true);
 
-  // True once for each period that has passed, however late one asks: the periods begin one after
-  // another from the start, and none is lost.
+  // True once for each period since the start: a late call loses none.
   s_bool HasPassed();
 
-  // What is paused goes on where it was.
   void Start() { timer_.Start(); }
   void Pause() { timer_.Pause(); }
-  // Begins the first period anew; periods that passed unasked are forgotten.
+  // Restarts the first period, dropping those not asked for.
   void Reset();
 
-  // Does it stand still?
   s_bool IsPaused() const { return timer_.IsPaused(); }
-  // In seconds; NaN for a period that was refused.
-  s_double GetPeriod() const { return period_; }
-  // Since the start, in seconds; pauses do not count.
+  s_double GetPeriod() const { return period_; }  // in seconds; NaN if it was refused
   s_double GetElapsed() const { return timer_.GetElapsed(); }
 
  private:
   Timer timer_;
   s_double period_;
-  s_double next_ = 1.0;  // the number of the period that is waited for, from 1
+  s_double next_ = 1.0;  // number of the next period, from 1
 };
 
 }  // namespace Quarn

@@ -1,11 +1,11 @@
-// Trimming where nothing may be copied: a view of a text without the spaces around it.
+// Trimming without a copy.
 #pragma once
 
 #include <string_view>
 
 namespace Quarn {
 
-// Without leading and trailing spaces. Tabs stay.
+// Tabs stay.
 inline std::string_view TrimSpaces(std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);

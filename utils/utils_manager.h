@@ -1,6 +1,5 @@
-// UtilsManager is where the library says all it has to say: warnings, errors and reports, one line
-// at a time. Where a line ends up is the choice of the program, which installs the print function;
-// until then lines are dropped.
+// UtilsManager prints what the library has to report, warnings, errors and reports, line by line
+// through the print function that the program installs. Until then, lines are dropped.
 //   UtilsManager::Get().SetPrintFunction(&PrintLine);
 //   UtilsManager::Get().Warning("File", "nothing to read");  // "# Warning # : File : nothing ..."
 #pragma once
@@ -13,24 +12,21 @@ namespace Quarn {
 
 class UtilsManager : public Manager<UtilsManager> {
  public:
-  // The source of its messages.
   static constexpr char kClassName[] = "UtilsManager";
 
-  // Gets a line without a newline, and ends it.
+  // Gets a line without a newline, and adds one.
   using PrintFunction = void (*)(const s_str& text);
 
-  // Null drops all that follows.
+  // Null drops the lines that follow.
   void SetPrintFunction(PrintFunction print) { print_ = print; }
 
-  // Hands a line to the print function; it is lost when there is none.
   void Print(const s_str& text);
 
-  // Print the message after a fixed word and the name of its source, which may be empty.
+  // The source is the name of a class, or empty: "# Warning # : Timer : message".
   void Warning(const s_str& source, const s_str& message);
   void Error(const s_str& source, const s_str& message);
 
-  // How many texts were lost because no print function was installed.
-  s_uint GetDropped() const { return dropped_; }
+  s_uint GetDropped() const { return dropped_; }  // lines
 
  private:
   friend class Manager<UtilsManager>;

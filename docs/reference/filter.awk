@@ -1,6 +1,7 @@
 # Shows the comments of a header to Doxygen: "//" says as much as "///" where it stands above a
 # declaration or behind one. The comment on top of a file is the file's, and that of its first class
-# without one. A comment holds for all declarations down to the next blank line or comment.
+# without one. A comment holds for all declarations down to the next blank line or comment. A member
+# without one gets a character that nobody sees: its name says it.
 #   awk -f filter.awk interpreter/state.h
 
 # What Doxygen would take for commands, tags or links; not in `code`.
@@ -44,6 +45,16 @@ function show(i,   line, at) {
   print line
 }
 
+# Does a member of a class, or of a type within it, begin at the line?
+function begins_member(line) {
+  if (line ~ /^(class|struct) .*[{]$/) in_class = 1
+  if (line ~ /^};/) in_class = 0
+  if (in_class && line ~ /^  (class|struct|enum)[^;]*[{]$/) in_type = 1
+  if (line ~ /^  };/) in_type = 0
+  if (!in_class || line ~ /^ *([})#]|\/\/)/) return 0
+  return indent(line) == 3 || (in_type && indent(line) == 5)
+}
+
 function indent(line) { return match(line, /[^ ]/) }
 
 { lines[NR] = $0 }
@@ -68,6 +79,7 @@ END {
     }
     said = said end_code()
     above = 0
+    is_member = begins_member(line) && line !~ /= (default|delete);|^ *(virtual )?~/
     if (line ~ /^ *$/ || line ~ /^ *(public|private|protected):$/) said = ""
     if (begins_class(i) && said == "" && complete) {
       printf "%s", top
@@ -75,6 +87,7 @@ END {
     } else if (indent(line) == at && complete && line !~ /^ *[})]/ && line !~ /  \/\/ /) {
       printf "%s", said
     }
+    if (is_member && complete && (said == "" || indent(line) != at) && line !~ /  \/\/ /) print "/// &zwnj;"
     show(i)
     sub(/  \/\/ .*/, "", line)
     complete = line ~ /([;{}]|:|^) *$/

@@ -34,16 +34,16 @@ TEST(CommandLine, KeepsCommandsAndFilesInTheirOrder) {
 }
 
 TEST(CommandLine, KnowsItsOptions) {
-  using Wish = CommandLine::Wish;
-  EXPECT_EQ(Read({"a"}).wish, Wish::kRun);
-  EXPECT_EQ(Read({"--help"}).wish, Wish::kShowHelp);
-  EXPECT_EQ(Read({"a", "-h"}).wish, Wish::kShowHelp);
-  EXPECT_EQ(Read({"--version"}).wish, Wish::kShowVersion);
-  EXPECT_EQ(Read({"-V"}).wish, Wish::kShowVersion);
-  EXPECT_EQ(Read({"-x"}).wish, Wish::kNothing);
-  EXPECT_EQ(Read({"--unknown"}).wish, Wish::kNothing);
-  EXPECT_EQ(Read({"-e"}).wish, Wish::kNothing);
-  EXPECT_EQ(Read({"--help=me"}).wish, Wish::kNothing);
+  using Action = CommandLine::Action;
+  EXPECT_EQ(Read({"a"}).action, Action::kRun);
+  EXPECT_EQ(Read({"--help"}).action, Action::kShowHelp);
+  EXPECT_EQ(Read({"a", "-h"}).action, Action::kShowHelp);
+  EXPECT_EQ(Read({"--version"}).action, Action::kShowVersion);
+  EXPECT_EQ(Read({"-V"}).action, Action::kShowVersion);
+  EXPECT_EQ(Read({"-x"}).action, Action::kReject);
+  EXPECT_EQ(Read({"--unknown"}).action, Action::kReject);
+  EXPECT_EQ(Read({"-e"}).action, Action::kReject);
+  EXPECT_EQ(Read({"--help=me"}).action, Action::kReject);
 }
 
 }  // namespace

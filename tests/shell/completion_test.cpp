@@ -73,12 +73,12 @@ TEST_F(Completing, LeavesTheEmptyNameOut) {
   EXPECT_EQ(Dump("?"), "1: _ radius round1 s2 speed");
 }
 
-TEST(CommonStart, IsWhatAllBeginWith) {
-  EXPECT_EQ(CommonStart({}), "");
-  EXPECT_EQ(CommonStart({"speed"}), "speed");
-  EXPECT_EQ(CommonStart({"round(", "round_down(", "round_up("}), "round");
-  EXPECT_EQ(CommonStart({"speed", "speedOfLight"}), "speed");
-  EXPECT_EQ(CommonStart({"max(", "pi"}), "");
+TEST(LongestCommonPrefix, IsWhatAllBeginWith) {
+  EXPECT_EQ(LongestCommonPrefix({}), "");
+  EXPECT_EQ(LongestCommonPrefix({"speed"}), "speed");
+  EXPECT_EQ(LongestCommonPrefix({"round(", "round_down(", "round_up("}), "round");
+  EXPECT_EQ(LongestCommonPrefix({"speed", "speedOfLight"}), "speed");
+  EXPECT_EQ(LongestCommonPrefix({"max(", "pi"}), "");
 }
 
 }  // namespace

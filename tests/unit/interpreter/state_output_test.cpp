@@ -70,6 +70,17 @@ TEST(Output, IsThatOfTheStandardStreamsByDefault) {
             "\t          Are you sure ? ([y|Enter]/n) ");
 }
 
+TEST(Output, OfSeveralStatesMayShareTheStandardStreams) {
+  const StandardStreams standard("");
+  State first;
+  State second;
+  first.ProcessLine("1");
+  second.ProcessLine("2");
+  first.ProcessLine("3");
+  second.Flush();
+  EXPECT_EQ(standard.Get(), "\tScalar : 1\n\tScalar : 2\n\tScalar : 3\n");
+}
+
 TEST(Output, GoesNowhereButToTheStreamThatWasGiven) {
   const StandardStreams standard("n\nn\n");
   std::ostringstream errors;
