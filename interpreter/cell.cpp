@@ -142,8 +142,10 @@ Cells::~Cells() {
     for (Cell* cell = first; cell; cell = cell->next_) {
       cell->Unlink();
       cell->state = Cell::State::kStale;
-      cell->program.Release(*names_);
     }
+  }
+  for (Cell* first : table_) {
+    for (Cell* cell = first; cell; cell = cell->next_) cell->program.Release(*names_);
   }
   // What has lost its last owner waits in the bin, where it is linked by what linked the table.
   for (Cell*& first : table_) {

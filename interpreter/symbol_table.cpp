@@ -135,6 +135,8 @@ void SymbolTable::Grow() {
 
 void SymbolTable::RemoveIfUnused(Name& name) {
   if (name.HasValue() || name.uses > 0 || &name == last_result_) return;
+  // Who read it by way of a program that is gone reads it anew.
+  name.readers.Invalidate();
   Vacate(FindSlot(name.text.GetView(), name.hash));
   --names_;
   DeleteName(&name);
