@@ -77,7 +77,7 @@ TEST(DeepExpression, HasItsErrorWhereverThatIs) {
 
 TEST(MemoryLimit, EndsWhatNeedsMoreAndChangesNothing) {
   Session session;
-  session.GetState().SetMemoryLimit(1U << 20);
+  session.GetState().SetMemoryLimit(kSanitized ? 1U << 16 : 1U << 20);
   session.Type("x=2;v=<1>;r0&=1");
   std::string text = "1";
   for (const std::string& expression :
