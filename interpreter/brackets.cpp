@@ -1,5 +1,5 @@
 // The cutting of an expression by a test of the caller's, for types whose literals need it. The
-// evaluator itself looks at pieces in place, with the same rules; see source.h.
+// reader cuts texts in place, by the same rules; see reader.h.
 #include "interpreter/messages.h"
 #include "interpreter/priorities.h"
 #include "interpreter/state.h"
