@@ -14,7 +14,7 @@ bool Machine::CallOnNumbers(const Registries::NamedFunction& function, std::size
     Operand& first = operands_[1];
     if (!first.IsNumber() || !second.IsNumber()) return false;
     first.SetNumber(body.of_two(first.GetNumber(), second.GetNumber()));
-    operands_.PopNumber();
+    operands_.Drop(1);
   } else if (count == 1 && body.of_one) {
     Operand& argument = operands_[0];
     if (!argument.IsNumber()) return false;

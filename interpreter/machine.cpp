@@ -2,7 +2,6 @@
 
 #include "interpreter/machine_entry.h"
 #include "interpreter/messages.h"
-#include "utils/shrink.h"
 
 namespace Quarn {
 namespace {
@@ -58,7 +57,7 @@ bool Machine::Evaluate(std::string_view text, const s_str& name, bool allows_new
 Answer Machine::Follow(Cell& cell) {
   Entry entry(*this);
   if (!entry.IsGranted()) return {Outcome::kRing};
-  Cell* reader = frames_.empty() ? nullptr : Top().reader;
+  Cell* reader = frames_.IsEmpty() ? nullptr : Top().reader;
   if (cell.state == Cell::State::kFresh && cell.version == registries_.GetVersion()) {
     if (reader) cell.readers.Add(*reader);
     return cell.answer;
@@ -70,7 +69,7 @@ Answer Machine::Follow(Cell& cell) {
     if (abort_ == Abort::kRing) abort_ = Abort::kNone;
   }
   // What became of the ring depends on what is under way.
-  if (!frames_.empty()) Top().is_impure = true;
+  if (!frames_.IsEmpty()) Top().is_impure = true;
   return {Outcome::kRing};
 }
 
@@ -121,27 +120,34 @@ Program& Machine::Entry::BorrowProgram() {
   return program;
 }
 
-// What grew beyond a megabyte is given back.
 void Machine::CleanUp() {
+  constexpr std::size_t kLarge = 1U << 20;
   abort_ = Abort::kNone;
   if (ring_) ring_ = {};
   if (!answer_.value.IsNumber()) answer_ = {};
-  operands_.ShrinkIfLarge();
-  ShrinkIfLarge(frames_);
-  ShrinkIfLarge(lists_);
-  for (const auto& program : programs_) {
-    program->code.clear();
-    ShrinkIfLarge(program->code);
-  }
-  ShrinkIfLarge(scratch_.code);
-  reader_storage_.Shrink();
+  if (GetBytesKept() > kLarge) GiveBack();
+}
+
+std::size_t Machine::GetBytesKept() const {
+  std::size_t instructions = scratch_.code.capacity();
+  for (const auto& program : programs_) instructions += program->code.capacity();
+  return operands_.GetBytesKept() + frames_.GetBytesKept() + lists_.GetBytesKept() +
+         instructions * sizeof(Instruction) + reader_storage_.GetBytesKept();
+}
+
+void Machine::GiveBack() {
+  operands_.GiveBack();
+  frames_.GiveBack();
+  lists_.GiveBack();
+  programs_.clear();
+  scratch_ = {};
+  reader_storage_.GiveBack();
 }
 
 bool Machine::FitsMemory() {
-  const std::size_t elements = lists_.empty() ? 0 : lists_.back().elements->GetSize();
-  const std::size_t bytes = operands_.GetSize() * sizeof(Operand) + frames_.size() * sizeof(Frame) +
-                            lists_.size() * sizeof(List) + elements * sizeof(double) +
-                            reader_storage_.GetBytes();
+  const std::size_t elements = lists_.IsEmpty() ? 0 : lists_[0].elements->GetSize();
+  const std::size_t bytes = operands_.GetBytes() + frames_.GetBytes() + lists_.GetBytes() +
+                            elements * sizeof(double) + reader_storage_.GetBytes();
   if (bytes <= memory_limit_) return true;
   abort_ = Abort::kTooDeep;
   return false;
@@ -151,14 +157,14 @@ bool Machine::FitsMemory() {
 
 Machine::Frame& Machine::PushFrame(const Program& program, std::string_view text,
                                    const s_str& name) {
-  Cell* reader = frames_.empty() ? nullptr : Top().reader;
-  Frame& frame = frames_.emplace_back();
+  Cell* reader = frames_.IsEmpty() ? nullptr : Top().reader;
+  Frame& frame = frames_.Push();
   frame.program = &program;
   frame.text = text;
   frame.name = &name;
   frame.reader = reader;
   frame.operands = static_cast<std::uint32_t>(operands_.GetSize());
-  frame.lists = static_cast<std::uint32_t>(lists_.size());
+  frame.lists = static_cast<std::uint32_t>(lists_.GetSize());
   return frame;
 }
 
@@ -176,10 +182,10 @@ void Machine::PopFrame() {
   const std::size_t operands = frame.operands;
   const std::size_t lists = frame.lists;
   const bool is_impure = frame.is_impure;
-  frames_.pop_back();
+  frames_.Drop(1);
   operands_.Shrink(operands);
-  if (lists_.size() > lists) lists_.resize(lists);
-  if (is_impure && !frames_.empty()) Top().is_impure = true;
+  lists_.Shrink(lists);
+  if (is_impure && !frames_.IsEmpty()) Top().is_impure = true;
 }
 
 bool Machine::Run(std::size_t base) {
@@ -196,7 +202,7 @@ bool Machine::Run(std::size_t base) {
       UnwindTo(base);
       return false;
     }
-    if (frames_.size() == base) return true;
+    if (frames_.GetSize() == base) return true;
     if (step == Step::kNext) Top().has_answer = true;
   }
 }
@@ -207,7 +213,7 @@ void Machine::UnwindTo(std::size_t base) {
   bool is_kept = keeps_values_ && abort_ == Abort::kRing && !ring_is_nested_ &&
                  (ring_is_known_ || IsPureRing(base));
   CellPtr awaited = ring_;
-  while (frames_.size() > base && Top().cell) {
+  while (frames_.GetSize() > base && Top().cell) {
     const CellPtr cell = Top().cell;
     is_kept = is_kept && !Top().is_impure;
     PopFrame();
@@ -230,7 +236,8 @@ void Machine::UnwindTo(std::size_t base) {
 
 // Will whoever is in the ring that was met lead back to itself until something changes?
 bool Machine::IsPureRing(std::size_t base) const {
-  for (std::size_t i = frames_.size(); i-- > base;) {
+  const std::size_t count = frames_.GetSize() - base;
+  for (std::size_t i = 0; i < count; ++i) {
     const Cell* cell = frames_[i].cell.Get();
     if (!cell || frames_[i].is_impure || cell->state != Cell::State::kUnderWay) return false;
     if (cell == ring_.Get()) return true;

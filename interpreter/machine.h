@@ -16,10 +16,10 @@
 
 #include "interpreter/depth.h"
 #include "interpreter/element_types.h"
-#include "interpreter/operand_stack.h"
 #include "interpreter/reader.h"
 #include "interpreter/symbol_table.h"
 #include "interpreter/text_writer.h"
+#include "utils/stack.h"
 
 namespace Quarn {
 
@@ -125,14 +125,16 @@ class Machine {
   // Does what is under way stay within the limit? If not, all of it ends.
   bool FitsMemory();
 
-  Frame& Top() { return frames_.back(); }
+  Frame& Top() { return frames_[0]; }
   Frame& PushFrame(const Program& program, std::string_view text, const s_str& name);
   void PopFrame();
   // Stays where it is while types are called.
   s_str& GetError();
 
-  // Drops what the outermost call left.
+  // Drops what the outermost call left, and gives back what grew beyond a megabyte.
   void CleanUp();
+  std::size_t GetBytesKept() const;
+  void GiveBack();
 
   // Runs until the frames are as many as before, or a line is at its end. False when that, or what
   // was asked for, failed.
@@ -161,6 +163,7 @@ class Machine {
   Step RunSlowly(const Instruction& instruction);
   Step PushSymbol(const Instruction& instruction);
   bool IsAppliedAtOnce(const Instruction& instruction) const;
+  bool IsLookedAtOnly(const Symbol& object, const Instruction& next) const;
   Step FailToFind(std::string_view text, const Instruction& instruction);
   Step WarnAboutSymbol();
   Step PushLiteral(const Instruction& instruction);
@@ -175,13 +178,13 @@ class Machine {
   Step Binary(std::size_t op);
   const RegisteredBinary* FindCommon(std::size_t op, const Operand& left,
                                      const Operand& right) const;
-  Step Invoke(const RegisteredBinary& entry, Operand right);
+  Step Invoke(const RegisteredBinary& entry, Operand left, Operand right);
   Step Unary(Code kind, std::size_t op);
   Step Call(const Instruction& instruction);
   bool CallOnNumbers(const Registries::NamedFunction& function, std::size_t count);
   bool ResolveArguments(std::size_t count);
   Step CallOverload(const Registries::NamedFunction& function, std::size_t count);
-  Step FinishCall(std::size_t operands, s_refptr<Symbol> result);
+  Step FinishCall(s_refptr<Symbol> result);
   std::string_view GetOp(std::size_t op) {
     return op < kOperators ? kPriorities[op].text : Top().op;
   }
@@ -205,9 +208,9 @@ class Machine {
   SymbolTable& symbols_;
   Cells cells_;
 
-  OperandStack operands_;
-  std::vector<Frame> frames_;
-  std::vector<List> lists_;
+  Stack<Operand> operands_;
+  Stack<Frame> frames_;
+  Stack<List> lists_;
   ReaderStorage reader_storage_;
   std::vector<std::unique_ptr<Program>> programs_;  // of lines, to be used again
   std::size_t used_programs_ = 0;

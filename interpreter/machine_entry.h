@@ -11,16 +11,16 @@ class Machine::Entry {
   explicit Entry(Machine& machine)
       : machine_(machine),
         level_(machine.depth_),
-        frames_(machine.frames_.size()),
+        frames_(machine.frames_.GetSize()),
         operands_(machine.operands_.GetSize()),
-        lists_(machine.lists_.size()),
+        lists_(machine.lists_.GetSize()),
         programs_(machine.used_programs_) {
     if (!level_.IsGranted()) machine.abort_ = Abort::kTooDeep;
   }
   ~Entry() {
-    while (machine_.frames_.size() > frames_) Abandon();
+    while (machine_.frames_.GetSize() > frames_) Abandon();
     machine_.operands_.Shrink(operands_);
-    if (machine_.lists_.size() > lists_) machine_.lists_.resize(lists_);
+    machine_.lists_.Shrink(lists_);
     machine_.used_programs_ = programs_;
     if (machine_.depth_.IsOutermost()) machine_.CleanUp();
   }

@@ -13,13 +13,13 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string_view>
 #include <vector>
 
 #include "interpreter/bracket_index.h"
 #include "interpreter/program.h"
 #include "interpreter/registries.h"
+#include "utils/stack.h"
 
 namespace Quarn {
 
@@ -71,11 +71,13 @@ struct ReaderStorage {
   };
 
   std::vector<Bracket> brackets;
-  std::vector<Level> levels;
+  Stack<Level> levels;
 
-  // Gives back what grew beyond a megabyte.
-  void Shrink();
-  std::size_t GetBytes() const;
+  std::size_t GetBytes() const { return brackets.size() * sizeof(Bracket) + levels.GetBytes(); }
+  std::size_t GetBytesKept() const {
+    return brackets.capacity() * sizeof(Bracket) + levels.GetBytesKept();
+  }
+  void GiveBack();
 };
 
 // How a text is to be read.
@@ -115,7 +117,7 @@ class Reader {
   // was opened, nothing since all is read, or nothing since there is a mistake.
   enum class Step : std::uint8_t { kRest, kOperand, kDone, kFailed };
 
-  Level& Top() { return storage_.levels.back(); }
+  Level& Top() { return storage_.levels[0]; }
   char At(std::uint32_t position) const { return text_.data()[position]; }
   std::uint32_t ToPosition(const char* at) const {
     return static_cast<std::uint32_t>(at - text_.data());
@@ -129,14 +131,16 @@ class Reader {
   bool Enter(Level& level, std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
   bool EnterChecked(Level& level, std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
   bool IsBetweenPartners(std::uint32_t begin, std::uint32_t end, std::uint32_t bracket) const;
-  bool CheckBrackets(std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
+  bool CheckBrackets(std::uint32_t begin, std::uint32_t end, std::uint32_t bracket) {
+    return brackets_.IsPlain() || CheckEachBracket(begin, end, bracket);
+  }
+  bool CheckEachBracket(std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
   Step OpenParentheses(std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
   Step OpenList(Level& level, std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
   Step Close();
   Step NextPart();
   bool ReadNumberPart(Level& level);
   Step EndList(const Level& level);
-  void Finish();
 
   // Operands and operators.
   Step ReadOperands();
@@ -153,10 +157,12 @@ class Reader {
   Step ReadLeaf(std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
   Step ReadLiteral(const TypeRow& type, std::uint32_t begin, std::uint32_t end,
                    std::uint32_t bracket);
-  void ReadSymbol(std::uint32_t begin, std::uint32_t end);
+  void ReadSymbol(std::uint32_t begin, std::uint32_t end, bool is_whole);
   Step ReadCall(std::uint32_t begin, std::uint32_t end, std::uint32_t open, std::uint32_t bracket);
   Step ReadIndexing(std::uint32_t begin, std::uint32_t open, std::uint32_t close,
                     std::uint32_t bracket);
+  Step ReadIndex(std::uint32_t open, std::uint32_t close, std::uint32_t bracket);
+  bool IsPlainName(std::string_view text) const;
   bool FailAmbiguous(const Registries::LiteralStart& start, std::uint32_t begin, std::uint32_t end);
 
   std::uint32_t Skip(std::uint32_t begin, std::uint32_t end, std::uint32_t& bracket,
@@ -183,7 +189,7 @@ class Reader {
   const ReadOptions options_;
   bool is_leaf_;  // until the first operand
   const std::size_t level_base_;
-  const std::optional<BracketIndex> own_brackets_;
+  const BracketIndex own_brackets_;  // of nothing, when the text has one already
   const BracketIndex& brackets_;
   const std::uint32_t begin_;
   const std::uint32_t end_;

@@ -99,11 +99,11 @@ Machine::Step Machine::Deliver(Answer answer) {
   const CellPtr cell = Top().cell;
   const bool is_impure = Top().is_impure;
   PopFrame();
-  Cell* reader = frames_.empty() ? nullptr : Top().reader;
+  Cell* reader = frames_.IsEmpty() ? nullptr : Top().reader;
   if (is_impure || !keeps_values_ || cell->state != Cell::State::kUnderWay) {
     cell->Unlink();
     cell->state = Cell::State::kStale;
-    if (!frames_.empty()) Top().is_impure = true;
+    if (!frames_.IsEmpty()) Top().is_impure = true;
   } else {
     cell->answer = answer;
     cell->state = Cell::State::kFresh;

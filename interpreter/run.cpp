@@ -31,7 +31,7 @@ Machine::Step Machine::RunFrame() {
         const BinaryOnNumbers apply = registries_.GetOnNumbers(at->op);
         if (!apply || !left.IsNumber() || !right.IsNumber()) break;
         left.SetNumber(apply(left.GetNumber(), right.GetNumber()));
-        operands_.PopNumber();
+        operands_.Drop(1);
         ++at;
         continue;
       }
@@ -58,8 +58,8 @@ Machine::Step Machine::RunFrame() {
         continue;
       }
       case Code::kNumberElement:
-        if (!lists_.back().are_numbers) break;
-        lists_.back().elements->Add(at->number);
+        if (!lists_[0].are_numbers) break;
+        lists_[0].elements->Add(at->number);
         ++at;
         continue;
       case Code::kCall: {
@@ -108,7 +108,7 @@ Machine::Step Machine::RunSlowly(const Instruction& instruction) {
     case Code::kRightUnary:
       return Unary(instruction.code, instruction.op);
     case Code::kBeginList:
-      lists_.emplace_back().elements = s_refptr<Elements>(new Elements);
+      lists_.Push().elements = s_refptr<Elements>(new Elements);
       return Step::kNext;
     case Code::kNumberElement:
       operands_.Push(instruction.number);
@@ -130,7 +130,7 @@ Machine::Step Machine::Fail(const s_str& message) {
 }
 
 std::string_view Machine::TextOf(const Instruction& instruction) const {
-  return frames_.back().text.substr(instruction.position, instruction.part.length);
+  return frames_[0].text.substr(instruction.position, instruction.part.length);
 }
 
 // ---- Symbols ----
@@ -154,6 +154,10 @@ Machine::Step Machine::PushSymbol(const Instruction& instruction) {
     operands_.Push(cell.answer.value.GetNumber());
     return Step::kNext;
   }
+  if (IsLookedAtOnly(*object, (&instruction)[1])) {
+    operands_.Push().SetObject(object);
+    return Step::kNext;
+  }
   operands_.Push(Operand::CopyOf(*object));
   if (!instruction.is_whole || Top().name->IsEmpty()) return Step::kNext;
   return WarnAboutSymbol();
@@ -168,6 +172,14 @@ bool Machine::IsAppliedAtOnce(const Instruction& instruction) const {
   const Instruction& next = (&instruction)[1];
   return (next.code == Code::kBinaryNumber || next.code == Code::kBinaryName) &&
          registries_.GetOnNumbers(next.op);
+}
+
+// Will a list be an operand of what takes operands as they are, and looks at neither their names
+// nor who else has them?
+bool Machine::IsLookedAtOnly(const Symbol& object, const Instruction& next) const {
+  if (next.code != Code::kBinaryNumber || object.GetKind() != Symbol::Kind::kList) return false;
+  const RegisteredBinary* entry = registries_.FindBinary(next.op, true, false);
+  return entry && entry->on_operands;
 }
 
 Machine::Step Machine::FailToFind(std::string_view text, const Instruction& instruction) {
@@ -223,12 +235,12 @@ Machine::Step Machine::PushReference(const Instruction& instruction) {
 // An element that is a reference has no type until all are known.
 Machine::Step Machine::AddElement() {
   Operand element = operands_.Pop();
-  if (lists_.back().are_numbers && element.IsNumber()) {
-    lists_.back().elements->Add(element.GetNumber());
+  if (lists_[0].are_numbers && element.IsNumber()) {
+    lists_[0].elements->Add(element.GetNumber());
     return Step::kNext;
   }
   const s_str type = element.GetFullType();
-  List& list = lists_.back();
+  List& list = lists_[0];
   if (list.are_numbers && list.elements->GetSize() > 0) list.types.Accept(kNumberType, GetError());
   list.are_numbers = false;
   list.elements->Add(std::move(element));
@@ -236,25 +248,25 @@ Machine::Step Machine::AddElement() {
 }
 
 Machine::Step Machine::EndList(const Instruction& instruction) {
-  if (lists_.back().types.HasReferences()) {
+  if (lists_[0].types.HasReferences()) {
     const Step step = CheckReferences();
     if (step != Step::kNext) return step;
   }
-  const s_refptr<Elements> elements = std::move(lists_.back().elements);
-  lists_.pop_back();
+  const s_refptr<Elements> elements = std::move(lists_[0].elements);
+  lists_.Drop(1);
   const s_str& name = instruction.is_whole ? *Top().name : Symbol::NoName();
   operands_.Push(instruction.type->create_list(name, elements));
   return Step::kNext;
 }
 
 Machine::Step Machine::CheckReferences() {
-  const s_refptr<Elements> elements = lists_.back().elements;
+  const s_refptr<Elements> elements = lists_[0].elements;
   for (; Top().stage < elements->GetSize(); ++Top().stage) {
     const Operand element = (*elements)[Top().stage];
     if (element.GetFullType().GetView() != kReferenceType) continue;
     s_str type;
     if (!GetType(element, type)) return Stop();
-    if (!lists_.back().types.AcceptReference(type, GetError())) return Step::kFailed;
+    if (!lists_[0].types.AcceptReference(type, GetError())) return Step::kFailed;
   }
   return Step::kNext;
 }
