@@ -80,7 +80,7 @@ Machine::Step Machine::Invoke(const RegisteredBinary& entry, Operand left, Opera
   if (entry.purity == Purity::kImpure) Top().is_impure = true;
   if (const BinaryOnOperands on_operands = entry.on_operands) {
     std::optional<Operand> result = on_operands(state_, left, right, GetError());
-    if (!result || abort_ != Abort::kNone) return Step::kFailed;
+    if (!result || abort_ != Failure::kNone) return Step::kFailed;
     operands_.Push(std::move(*result));
     return Step::kNext;
   }
@@ -91,7 +91,7 @@ Machine::Step Machine::Invoke(const RegisteredBinary& entry, Operand left, Opera
 // Pushes the result of an operator. Within an expression it has no name;
 // an operator on its own may give it one.
 Machine::Step Machine::FinishCall(s_refptr<Symbol> result) {
-  if (!result || abort_ != Abort::kNone) return Step::kFailed;
+  if (!result || abort_ != Failure::kNone) return Step::kFailed;
   if (!result->GetName().IsEmpty() && Top().op.empty()) result->SetName(Symbol::NoName());
   operands_.Push(std::move(result));
   return Step::kNext;
@@ -152,8 +152,8 @@ s_refptr<Symbol> Machine::ApplyBinary(std::string_view op, s_refptr<Symbol> left
                                       s_refptr<Symbol> right, s_str& error) {
   if (!depth_.IsIdle() && !IsReference(left) && !IsReference(right)) {
     const Depth::Level level(depth_);
-    if (!level.IsGranted()) abort_ = Abort::kTooDeep;
-    if (abort_ != Abort::kNone) return {};
+    if (!level.IsGranted()) abort_ = Failure::kMemory;
+    if (abort_ != Failure::kNone) return {};
     const BinaryOperator body = FindBody(op, *left, *right);
     if (body) return body(std::move(left), std::move(right), error);
   }
@@ -185,8 +185,8 @@ s_refptr<Symbol> Machine::ApplyUnary(Code kind, std::string_view op, s_refptr<Sy
                                      s_str& error) {
   if (!depth_.IsIdle() && !IsReference(operand)) {
     const Depth::Level level(depth_);
-    if (!level.IsGranted()) abort_ = Abort::kTooDeep;
-    if (abort_ != Abort::kNone) return {};
+    if (!level.IsGranted()) abort_ = Failure::kMemory;
+    if (abort_ != Failure::kNone) return {};
     const UnaryOperator body = FindBody(kind, op, *operand);
     if (body) return body(std::move(operand), error);
   }
@@ -227,7 +227,7 @@ s_refptr<Symbol> Machine::RunAlone(const Program& program, std::span<const Opera
   frame.op = op;
   frame.error = &error;
   if (Run(entry.GetBase())) return operands_[0].Take();
-  if (abort_ == Abort::kNone) return {};
+  if (abort_ == Failure::kNone) return {};
   error = error.ExtractCount(0U, reported);
   AddAbort(error);
   return {};

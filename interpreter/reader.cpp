@@ -40,9 +40,11 @@ bool Reader::Read(Program& program, std::size_t most) {
     }
   }
   while (step == Step::kOperand) {
-    if (program.code.size() >= most) {
-      Emit(Code::kEnd, 0);
-      return true;
+    if (options_.nesting != Limits::kNone && IsTooDeep()) break;
+    if (program.code.size() >= most_) {
+      Emit(options_.names ? Code::kPause : Code::kEnd, 0);
+      if (!options_.names) return true;
+      most_ += most;
     }
     step = Top().is_between_parts ? NextPart() : ReadOperands();
     if (step == Step::kRest) step = ReadRest();
@@ -52,6 +54,11 @@ bool Reader::Read(Program& program, std::size_t most) {
 }
 
 // ---- Levels ----
+
+bool Reader::IsTooDeep() {
+  if (storage_.levels.GetSize() - level_base_ <= options_.nesting) return false;
+  return !Fail(messages::LimitReached(Failure::kNesting), 0, 0, Failure::kNesting);
+}
 
 Reader::Level& Reader::Open(LevelKind kind, std::uint32_t position) {
   Level& level = storage_.levels.Push();
@@ -321,7 +328,8 @@ void Reader::EmitElement() {
   }
 }
 
-bool Reader::Fail(const s_str& message, std::uint32_t begin, std::uint32_t end) {
+bool Reader::Fail(const s_str& message, std::uint32_t begin, std::uint32_t end, Failure failure) {
+  program_->GetExtra().failure = failure;
   program_->GetExtra().message = message;
   program_->GetExtra().place = {begin, end - begin};
   Emit(Code::kFail, begin);

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "interpreter/bracket_index.h"
+#include "interpreter/limits.h"
 #include "interpreter/program.h"
 #include "interpreter/registries.h"
 #include "utils/stack.h"
@@ -88,6 +89,8 @@ struct ReadOptions {
   bool is_leaf = false;
   // Where symbols are looked up when the program is kept; they then become kName.
   SymbolTable* names = nullptr;
+  // So many levels are too many.
+  std::uint64_t nesting = Limits::kNone;
   // The stretch of the text that is read, and the index of the brackets of all of it. Without one,
   // the whole text is read.
   const BracketIndex* brackets = nullptr;
@@ -106,7 +109,8 @@ class Reader {
   Reader& operator=(const Reader&) = delete;
 
   // Adds instructions until the text is read or there are about `most`, and ends them by kEnd or
-  // kFail. True when there is more to read, which goes on from an empty `code`.
+  // kFail. True when there is more to read, which goes on from an empty `code`. A program that is
+  // kept is read as a whole, and pauses as often.
   bool Read(Program& program, std::size_t most);
 
  private:
@@ -127,6 +131,7 @@ class Reader {
   }
 
   // Levels.
+  bool IsTooDeep();
   Level& Open(LevelKind kind, std::uint32_t position);
   bool Enter(Level& level, std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
   bool EnterChecked(Level& level, std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
@@ -181,7 +186,8 @@ class Reader {
   }
   void EmitBinary(std::uint8_t op, std::uint32_t position);
   void EmitElement();
-  bool Fail(const s_str& message, std::uint32_t begin, std::uint32_t end);
+  bool Fail(const s_str& message, std::uint32_t begin, std::uint32_t end,
+            Failure failure = Failure::kForm);
 
   const Registries& registries_;
   ReaderStorage& storage_;

@@ -108,7 +108,8 @@ Reader::Step Reader::ReadCall(std::uint32_t begin, std::uint32_t end, std::uint3
   const std::string_view name = TrimSpaces(Text(begin, open));
   const std::size_t function = registries_.FindFunction(name);
   if (function == Registries::kNoFunction) {
-    Fail(messages::UndefinedFunction(name), begin, begin + static_cast<std::uint32_t>(name.size()));
+    Fail(messages::UndefinedFunction(name), begin, begin + static_cast<std::uint32_t>(name.size()),
+         Failure::kUnknownName);
     return Step::kFailed;
   }
   bracket = FindBracket(bracket, open);

@@ -36,6 +36,8 @@ class Stack {
   // From the top, which is 0.
   T& operator[](std::size_t depth) { return *(end_ - 1 - depth); }
   const T& operator[](std::size_t depth) const { return *(end_ - 1 - depth); }
+  // Null when it is empty.
+  T* GetTop() const { return IsEmpty() ? nullptr : end_ - 1; }
   T Pop() {
     T value = std::move(*--end_);
     end_->~T();
