@@ -89,7 +89,7 @@ class s_refptr {
     if (strong_ && --*strong_ == 0) Drop();
   }
 
-  [[gnu::noinline]] void Drop() {
+  void Drop() {
     // Counts first, so that pointers made by the object's destructor can reuse their block.
     T* object = std::exchange(object_, nullptr);
     if (*weak_ == 0) {
