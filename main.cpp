@@ -80,8 +80,8 @@ void RunPrompt(State& state) {
 void Run(const s_ctnr<s_str>& arguments) {
   UtilsManager::Get().SetPrintFunction(&PrintLine);
   TimeManager::Get().SetClock(&GetProcessorSeconds);
-  // Never destroyed: the system takes back all at once what a script of a million symbols would give
-  // back one by one.
+  // Never destroyed: the system takes back all at once what a script of a million symbols would
+  // give back one by one.
   static State& state = *new State;
   Vector::Register(state);
   const bool has_script = arguments.GetSize() > s_uint(1U) && File::Exists(arguments[1U]);

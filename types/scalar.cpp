@@ -46,12 +46,10 @@ void Scalar::Register(State& state) {
                  .create_from = CreateFrom,
                  .literal_starts = kNumberStarts,
                  .read_number = ReadNumberPrefix});
-  // Written before the operand: !4, +x, -x.
-  state.AddRightUnary({
-      {"!", kType, On(state, ApplyFactorial)},
-      {"+",   kType,      Copy      }, // keeps the operand's name
-      UnaryOnScalars("-", Negate),
-  });
+  // Written before the operand: -x, !4, +x.
+  state.AddRightUnary({UnaryOnScalars("-", Negate)});
+  state.AddRightUnary({{"!", kType, On(state, ApplyFactorial)}});
+  state.AddRightUnary({{"+", kType, Copy}});  // keeps the operand's name
   state.AddBinary({
       OnScalars("*", Multiply),
       OnScalars("/", Divide),  // by zero: inf+, inf- or nan

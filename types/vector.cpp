@@ -30,17 +30,18 @@ void Vector::Register(State& state) {
                  .literal_starts = "<",
                  .create_list = CreateList});
   state.AddBinary({
-      {Scalar::kType, "*", kType, On(state, ScaleFromLeft)},
-      {kType, "*", Scalar::kType, On(state, ScaleFromRight)},
-      {kType, "+", kType, On(state, AddElements)},
-      {kType, "-", kType, On(state, SubtractElements)},
-      {kType, "^", kType, On(state, CrossProduct)},
-      {kType, "[]", Scalar::kType, On(state, SelectElement), nullptr, SelectOperand},
+      {Scalar::kType, "*", kType,         On(state, ScaleFromLeft)   },
+      {kType,         "*", Scalar::kType, On(state, ScaleFromRight)  },
+      {kType,         "+", kType,         On(state, AddElements)     },
+      {kType,         "-", kType,         On(state, SubtractElements)},
+      {kType,         "^", kType,         On(state, CrossProduct)    },
   });
-  state.AddRightUnary({
-      {"+", kType, Copy},  // keeps the operand's name
-      {"-", kType, On(state, NegateElements)},
-  });
+  // A number is picked out without an object for it.
+  BinaryRow select{kType, "[]", Scalar::kType, On(state, SelectElement)};
+  select.on_operands = SelectOperand;
+  state.AddBinary({select});
+  state.AddRightUnary({{"-", kType, On(state, NegateElements)}});
+  state.AddRightUnary({{"+", kType, Copy}});  // keeps the operand's name
 }
 
 s_refptr<Symbol> Vector::CreateFrom(State& state, const s_str& name, const s_str& text,

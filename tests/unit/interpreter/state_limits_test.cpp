@@ -53,9 +53,8 @@ TEST(Limits, ATextOfFourGibibytesOrMoreIsTooLong) {
     s_str error = "\tError : Another";
     Evaluated result;
     Diagnosis diagnosis;
-    EXPECT_FALSE(
-        session.GetState().GetCore().machine.Evaluate(text.Get(), "x", true, result, error,
-                                                             diagnosis));
+    EXPECT_FALSE(session.GetState().GetCore().machine.Evaluate(text.Get(), "x", true, result, error,
+                                                               diagnosis));
     EXPECT_EQ(error.Get(), "\tError : Another\n\tError : Expression is too long");
     EXPECT_EQ(session.GetState().Compute(text.Get()).error, "\tError : Expression is too long");
   }

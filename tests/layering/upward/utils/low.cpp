@@ -1,2 +1,3 @@
-#include "main.h"
 #include "utils/low.h"
+
+#include "main.h"
