@@ -48,8 +48,12 @@ void Scalar::Register(State& state) {
                  .read_number = ReadNumberPrefix});
   // Written before the operand: -x, !4, +x.
   state.AddRightUnary({UnaryOnScalars("-", Negate)});
-  state.AddRightUnary({{"!", kType, On(state, ApplyFactorial)}});
-  state.AddRightUnary({{"+", kType, Copy}});  // keeps the operand's name
+  state.AddRightUnary({
+      {"!", kType, On(state, ApplyFactorial)}
+  });
+  state.AddRightUnary({
+      {"+", kType, Copy}
+  });  // keeps the operand's name
   state.AddBinary({
       OnScalars("*", Multiply),
       OnScalars("/", Divide),  // by zero: inf+, inf- or nan

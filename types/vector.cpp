@@ -40,8 +40,12 @@ void Vector::Register(State& state) {
   BinaryRow select{kType, "[]", Scalar::kType, On(state, SelectElement)};
   select.on_operands = SelectOperand;
   state.AddBinary({select});
-  state.AddRightUnary({{"-", kType, On(state, NegateElements)}});
-  state.AddRightUnary({{"+", kType, Copy}});  // keeps the operand's name
+  state.AddRightUnary({
+      {"-", kType, On(state, NegateElements)}
+  });
+  state.AddRightUnary({
+      {"+", kType, Copy}
+  });  // keeps the operand's name
 }
 
 s_refptr<Symbol> Vector::CreateFrom(State& state, const s_str& name, const s_str& text,
