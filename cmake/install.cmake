@@ -1,43 +1,30 @@
 # What `cmake --install` puts where, so that others find the library with CMake or pkg-config.
-# Headers go below include/mirlow, which is the directory to include from: "interpreter/state.h".
+# Headers go below include/mirlow, to be included as <mirlow/state.h>.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/mirlow)
 set(header_dir ${CMAKE_INSTALL_INCLUDEDIR}/mirlow)
 
-# Before 1.0.0 each minor version may break what uses the one before it.
-if(PROJECT_VERSION_MAJOR EQUAL 0)
-  set(compatible_version ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
-  set(compatibility SameMinorVersion)
-else()
-  set(compatible_version ${PROJECT_VERSION_MAJOR})
-  set(compatibility SameMajorVersion)
-endif()
-set_target_properties(mirlow_library PROPERTIES
-  VERSION ${PROJECT_VERSION} SOVERSION ${compatible_version})
-target_include_directories(mirlow_library INTERFACE $<INSTALL_INTERFACE:${header_dir}>)
+target_include_directories(mirlow_library INTERFACE
+  $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 
 install(TARGETS mirlow_library EXPORT mirlowTargets
   RUNTIME COMPONENT development LIBRARY COMPONENT development ARCHIVE COMPONENT development)
-# The log is the program's own.
-install(DIRECTORY utils interpreter types DESTINATION ${header_dir} COMPONENT development
-  FILES_MATCHING PATTERN *.h PATTERN log.h EXCLUDE)
-install(FILES ${PROJECT_BINARY_DIR}/generated/interpreter/version.h
+install(FILES ${host_headers} DESTINATION ${header_dir} COMPONENT development)
+foreach(header IN LISTS public_headers)
+  get_filename_component(folder ${header} DIRECTORY)
+  install(FILES ${PROJECT_SOURCE_DIR}/${header} DESTINATION ${header_dir}/${folder}
+    COMPONENT development)
+endforeach()
+install(FILES ${build_include}/mirlow/interpreter/version.h
   DESTINATION ${header_dir}/interpreter COMPONENT development)
 
-# Programs find a shared library of ours wherever both are moved to.
-if(BUILD_SHARED_LIBS)
-  file(RELATIVE_PATH from_bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-  set(run_path $ORIGIN/${from_bin_to_lib})
-endif()
 if(MIRLOW_PROGRAM)
-  set_target_properties(mirlow PROPERTIES INSTALL_RPATH "${run_path}")
   install(TARGETS mirlow COMPONENT program)
   install(FILES docs/man/mirlow.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
 endif()
 if(MIRLOW_SHELL)
-  set_target_properties(mirlow-shell PROPERTIES INSTALL_RPATH "${run_path}")
   install(TARGETS mirlow-shell COMPONENT shell)
   install(FILES docs/man/mirlow-shell.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT shell)
 endif()

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string>
 
-#include "interpreter/symbol.h"
+#include "symbol.h"
 
 namespace Quarn {
 

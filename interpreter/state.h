@@ -13,14 +13,15 @@
 #include <iosfwd>
 #include <memory>
 
-#include "interpreter/embedding.h"
-#include "interpreter/registry.h"
+#include "../utils/api.h"
+#include "embedding.h"
+#include "registry.h"
 
 namespace Quarn {
 
 struct Core;
 
-class State {
+class MIRLOW_API State {
  public:
   // Prints to standard output and reads from standard input, or does so with streams that must
   // outlive it.

@@ -1,12 +1,10 @@
 #include "complex.h"
 
+#include <mirlow/number_text.h>
+#include <mirlow/state.h>
+
 #include <cmath>
 #include <functional>
-
-#include "interpreter/messages.h"
-#include "interpreter/state.h"
-#include "types/scalar_literal.h"
-#include "utils/s_str_convert.h"
 
 using Quarn::Call;
 using Quarn::Copy;

@@ -1,11 +1,11 @@
 // Tests of complex numbers: lines as they are typed, and what is printed.
 #include "complex.h"
 
+#include <mirlow/state.h>
+#include <mirlow/vector.h>
+
 #include <iostream>
 #include <sstream>
-
-#include "interpreter/state.h"
-#include "types/vector.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // A type with one operator, all in one file: a text, written 'abc, and "+", which joins two.
+#include <mirlow/holder.h>
+#include <mirlow/state.h>
+
 #include <functional>
 #include <iostream>
 #include <sstream>
-
-#include "interpreter/state.h"
-#include "types/holder.h"
 
 namespace {
 
