@@ -40,6 +40,10 @@ install(FILES ${PROJECT_BINARY_DIR}/mirlowConfig.cmake
 file(RELATIVE_PATH pc_prefix
   ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" pc_prefix ${pc_prefix})
+set(private_libraries ${CMAKE_CXX_IMPLICIT_LINK_LIBRARIES})
+list(FILTER private_libraries INCLUDE REGEX "^(stdc\\+\\+|c\\+\\+|m)$")
+list(TRANSFORM private_libraries PREPEND -l)
+list(JOIN private_libraries " " private_libraries)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/mirlow.pc.in ${PROJECT_BINARY_DIR}/mirlow.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/mirlow.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
   COMPONENT development)

@@ -52,6 +52,9 @@ class MIRLOW_API State {
   // a name that no symbol may bear or that no expression can ask for, and for null. Leaves the last
   // result.
   Result SetSymbol(std::string_view name, const s_refptr<Symbol>& value);
+  // Makes a name a reference to the expression, which it follows from then on, and returns that.
+  // Fails for the same names; an expression that fails is reported when the reference is evaluated.
+  Result SetReference(std::string_view name, std::string_view expression);
   // False when no symbol bears the name. The last result is always there and cannot be erased.
   bool EraseSymbol(std::string_view name);
   // Evaluations may hold so many bytes; what needs more fails as nested too deeply and changes

@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "../interpreter/embedding.h"
@@ -14,6 +15,8 @@
 #include "../utils/api.h"
 
 namespace Quarn {
+
+class State;
 
 // The number that a Scalar is; nothing for null and for values of other types.
 MIRLOW_API std::optional<double> ToNumber(const s_refptr<Symbol>& value);
@@ -33,6 +36,10 @@ MIRLOW_API std::string GetTypeName(const s_refptr<Symbol>& value);
 
 // A new unnamed Scalar.
 MIRLOW_API s_refptr<Symbol> FromNumber(double number);
+
+// A new unnamed reference to the expression, which that State evaluates each time the value is
+// asked for and something in it has changed. The State must outlive it.
+MIRLOW_API s_refptr<Symbol> FromReference(State& state, std::string_view expression);
 
 // What a reference comes to, followed through further references; without a value, why its
 // expression failed. Any other value is its own result.
