@@ -1,6 +1,8 @@
 #include "utils/pool.h"
 
+#if defined(__linux__)
 #include <unistd.h>
+#endif
 
 #include <mutex>
 #include <new>
@@ -62,8 +64,10 @@ struct AtThreadExit {
     Splice(left_behind, lists);
   }
   ~AtThreadExit() {
+#if defined(__linux__)
     // When the main thread ends, so does the process.
     if (getpid() == gettid()) return;
+#endif
     const std::lock_guard lock(GetMutex());
     Splice(lists, left_behind);
   }
