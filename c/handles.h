@@ -80,5 +80,5 @@ struct mirlow_state {
   Quarn::State state{out, in};
   std::string error_text;
   std::string name;
-  mirlow_error error = {"", 0, 0};
+  mirlow_error error = {MIRLOW_NO_FAILURE, "", 0, 0};
 };

@@ -4,15 +4,31 @@
 #include "types/value.h"
 #include "types/vector.h"
 
+using Quarn::Failure;
 using Quarn::Guarded;
 using Quarn::HandOut;
+using Quarn::Limits;
 using Quarn::Result;
+
+// The kinds are the same ones in C.
+static_assert(static_cast<int>(Failure::kNone) == MIRLOW_NO_FAILURE);
+static_assert(static_cast<int>(Failure::kForm) == MIRLOW_FORM);
+static_assert(static_cast<int>(Failure::kUnknownName) == MIRLOW_UNKNOWN_NAME);
+static_assert(static_cast<int>(Failure::kNoMatch) == MIRLOW_NO_MATCH);
+static_assert(static_cast<int>(Failure::kValue) == MIRLOW_VALUE);
+static_assert(static_cast<int>(Failure::kRing) == MIRLOW_RING);
+static_assert(static_cast<int>(Failure::kMemory) == MIRLOW_MEMORY);
+static_assert(static_cast<int>(Failure::kNesting) == MIRLOW_NESTING);
+static_assert(static_cast<int>(Failure::kSteps) == MIRLOW_STEPS);
+static_assert(static_cast<int>(Failure::kOutput) == MIRLOW_OUTPUT);
+static_assert(static_cast<int>(Failure::kInterrupted) == MIRLOW_INTERRUPTED);
 
 mirlow_state::mirlow_state() { Quarn::Vector::Register(state); }
 
 mirlow_status mirlow_state::Fail(Result result) {
   error_text = std::move(result.error);
-  error = {error_text.c_str(), result.place.position, result.place.length};
+  error = {static_cast<mirlow_failure>(result.failure), error_text.c_str(), result.place.position,
+           result.place.length};
   return MIRLOW_FAILED;
 }
 
@@ -30,7 +46,7 @@ mirlow_state* mirlow_new(void) {
 void mirlow_free(mirlow_state* state) { delete state; }
 
 const mirlow_error* mirlow_last_error(const mirlow_state* state) {
-  static constexpr mirlow_error kNone = {"", 0, 0};
+  static constexpr mirlow_error kNone = {MIRLOW_NO_FAILURE, "", 0, 0};
   return state ? &state->error : &kNone;
 }
 
@@ -40,6 +56,23 @@ mirlow_status mirlow_evaluate(mirlow_state* state, const char* expression, mirlo
     Result result = state->state.Compute(expression);
     return result ? HandOut(std::move(result.value), value) : state->Fail(std::move(result));
   });
+}
+
+mirlow_status mirlow_set_limits(mirlow_state* state, const mirlow_limits* limits) {
+  if (!state || !limits) return MIRLOW_BAD_ARGUMENT;
+  const auto limit = [](unsigned long long most) { return most ? most : Limits::kNone; };
+  Limits set;
+  set.steps = limit(limits->steps);
+  set.memory = limit(limits->memory);
+  set.output = limit(limits->output);
+  set.nesting = limit(limits->nesting);
+  set.ends_the_endless = limits->ends_the_endless != 0;
+  state->state.SetLimits(set);
+  return MIRLOW_OK;
+}
+
+void mirlow_interrupt(mirlow_state* state) {
+  if (state) state->state.Interrupt();
 }
 
 mirlow_status mirlow_set_output(mirlow_state* state, mirlow_write write, void* user) {

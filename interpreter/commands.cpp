@@ -29,10 +29,14 @@ bool EndsWithFirst(std::string_view text, char c) {
 }  // namespace
 
 void Commands::ProcessLine(std::string_view line) {
-  while (!line.empty()) {
+  Budget& budget = core_.machine.GetBudget();
+  const Budget::Scope scope(budget);
+  while (!line.empty() && !budget.IsInterrupted()) {
     const std::string_view command = line.substr(0, line.find(';'));
     line.remove_prefix(std::min(command.size() + 1, line.size()));
-    if (!command.empty() && !command.starts_with("//")) ProcessCommand(command);
+    if (command.empty() || command.starts_with("//")) continue;
+    budget.Refill();
+    ProcessCommand(command);
   }
 }
 
@@ -71,9 +75,9 @@ void Commands::Assign(std::string_view name, std::string_view expression) {
   if (!PassesNameCheck(name = TrimSpaces(name))) return;
   s_str error;
   Evaluated result;
-  Place place;
+  Diagnosis diagnosis;
   const bool has_value =
-      core_.machine.Evaluate(expression, s_str(name), false, result, error, place);
+      core_.machine.Evaluate(expression, s_str(name), false, result, error, diagnosis);
   // A warning refuses the value too.
   if (!error.IsEmpty()) return PrintMessage(error);
   if (!has_value) return;
@@ -131,8 +135,8 @@ void Commands::Query(std::string_view name) {
 void Commands::PrintExpression(std::string_view expression) {
   s_str error;
   Evaluated result;
-  Place place;
-  if (!core_.machine.Evaluate(expression, Symbol::NoName(), true, result, error, place)) {
+  Diagnosis diagnosis;
+  if (!core_.machine.Evaluate(expression, Symbol::NoName(), true, result, error, diagnosis)) {
     return PrintMessage(error);
   }
   if (result.value.IsNumber()) {
@@ -204,9 +208,9 @@ bool Commands::PrintValue(std::string_view before, std::string_view type, const 
   s_str line = std::move(line_);
   line.Clear();
   line.Append(before).Append(type).Append(" : ");
-  TextWriter writer(line, core_.machine.GetMemoryLimit());
+  TextWriter writer(line, &core_.machine);
   if (!WriteOut(writer, value)) {
-    PrintMessage(messages::NestedTooDeeply());
+    PrintMessage(core_.machine.TakeAbort());
     return false;
   }
   line += '\n';

@@ -22,7 +22,7 @@ constexpr std::size_t kLargestStack = 64U << 20;
 // What stays free for the work between two levels: printing, allocating, an operator's body.
 constexpr std::size_t kReserve = 128U << 10;
 
-struct Stack {
+struct StackBounds {
   std::uintptr_t lowest = 0;  // grows down towards this address
   std::uintptr_t top = 0;
   std::uintptr_t low_mark = 0;  // below it, it is low
@@ -52,8 +52,8 @@ void AskForStack(std::uintptr_t& lowest, std::size_t& size) {
 
 #endif
 
-Stack FindStack() {
-  Stack stack;
+StackBounds FindStack() {
+  StackBounds stack;
   std::size_t size = 0;
   AskForStack(stack.lowest, size);
   stack.top = stack.lowest + size;
@@ -65,7 +65,7 @@ Stack FindStack() {
 }  // namespace
 
 bool Depth::IsStackLow(const void* frame) const {
-  static thread_local const Stack stack = FindStack();
+  static thread_local const StackBounds stack = FindStack();
   const auto here = reinterpret_cast<std::uintptr_t>(frame);
   if (here < stack.lowest || here >= stack.top) return levels_ > kLevelsOnUnknownStack;
   return here < stack.low_mark;

@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kMostDigits = 800;
 
 // A text as digits * 10^exponent. Leading zeros are left out.
-struct Decimal {
+struct LongDecimal {
   std::array<std::uint8_t, kMostDigits + 1> digits;
   std::size_t count = 0;
   std::int64_t exponent = 0;
@@ -35,8 +35,8 @@ std::int64_t ReadExponent(std::string_view text) {
   return is_negative ? -exponent : exponent;
 }
 
-Decimal Take(std::string_view text) {
-  Decimal decimal;
+LongDecimal Take(std::string_view text) {
+  LongDecimal decimal;
   decimal.is_negative = text.starts_with('-');
   if (decimal.is_negative) text.remove_prefix(1);
   bool is_behind_point = false;
@@ -171,7 +171,7 @@ T Round(const Quotient& quotient) {
 }
 
 template <class T>
-T ReadPositive(const Decimal& decimal) {
+T ReadPositive(const LongDecimal& decimal) {
   if (decimal.count == 0) return 0;
   // Where the full stop would stand.
   const std::int64_t whole = static_cast<std::int64_t>(decimal.count) + decimal.exponent;
@@ -190,7 +190,7 @@ T ReadPositive(const Decimal& decimal) {
 
 template <class T>
 T ReadDecimal(std::string_view number) {
-  const Decimal decimal = Take(number);
+  const LongDecimal decimal = Take(number);
   const T size = ReadPositive<T>(decimal);
   return decimal.is_negative ? -size : size;
 }

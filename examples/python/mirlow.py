@@ -33,8 +33,20 @@ class Error(Exception):
         self.length = length
 
 
+class LimitError(Error):
+    """A limit was reached, or somebody interrupted."""
+
+
+_MEMORY, _NESTING = 6, 7  # of the kinds of failures: memory, and those from which on are limits
+
+
 class _LastError(ctypes.Structure):
-    _fields_ = [("text", c_char_p), ("position", c_size_t), ("length", c_size_t)]
+    _fields_ = [("kind", c_int), ("text", c_char_p), ("position", c_size_t), ("length", c_size_t)]
+
+
+class _Limits(ctypes.Structure):
+    _fields_ = [(name, ctypes.c_ulonglong) for name in ("steps", "memory", "output", "nesting")]
+    _fields_.append(("ends_the_endless", c_int))
 
 
 _Write = ctypes.CFUNCTYPE(None, c_void_p, c_void_p, c_size_t)
@@ -53,6 +65,8 @@ def _load():
         ("free", None, c_void_p),
         ("last_error", POINTER(_LastError), c_void_p),
         ("evaluate", c_int, c_void_p, c_char_p, out),
+        ("set_limits", c_int, c_void_p, POINTER(_Limits)),
+        ("interrupt", None, c_void_p),
         ("set_output", c_int, c_void_p, _Write, c_void_p),
         ("process_line", c_int, c_void_p, c_char_p),
         ("set", c_int, c_void_p, c_char_p, c_void_p),
@@ -225,6 +239,15 @@ class Session:
         self._functions.append(callback)
         _check(status)
 
+    def limit(self, steps=0, memory=0, output=0, nesting=0, ends_the_endless=True):
+        """What an evaluation may use from now on, 0 being all; beyond, LimitError is raised."""
+        limits = _Limits(steps, memory, output, nesting, int(ends_the_endless))
+        self._check(_library.mirlow_set_limits(self._state, byref(limits)))
+
+    def interrupt(self):
+        """Ends what is under way with LimitError. The one method for other threads."""
+        _library.mirlow_interrupt(self._state)
+
     def run(self, line):
         """Carries out the commands of a line as at the prompt, and returns what they print."""
         printed = []
@@ -248,4 +271,5 @@ class Session:
         begin = len(expression[:error.position].decode(errors="replace"))
         end = len(expression[:error.position + error.length].decode(errors="replace"))
         message = error.text.decode(errors="replace").strip()
-        raise Error(message.removeprefix("Error : "), begin, end - begin)
+        kind = LimitError if error.kind == _MEMORY or error.kind >= _NESTING else Error
+        raise kind(message.removeprefix("Error : "), begin, end - begin)

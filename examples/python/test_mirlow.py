@@ -109,6 +109,29 @@ class Functions(unittest.TestCase):
             self.session.define("a b", math.sqrt, 1)
 
 
+class Limits(unittest.TestCase):
+    def setUp(self):
+        self.session = mirlow.Session()
+
+    def test_end_what_uses_too_much(self):
+        self.session.limit(steps=1000, nesting=100)
+        for expression in ("1" + 5000 * "+1", 200 * "(1+" + "1" + 200 * ")"):
+            with self.assertRaises(mirlow.LimitError):
+                self.session(expression)
+        for expression in ("!2.5", "<1>[1/0]"):
+            with self.assertRaises(mirlow.Error):
+                self.session(expression)
+        self.assertEqual(self.session("1+1"), 2)
+        self.session.limit()
+        self.assertEqual(self.session("1" + 5000 * "+1"), 5001)
+
+    def test_an_interruption_ends_what_is_under_way(self):
+        self.session.define("stop", lambda: self.session.interrupt() or 0, 0)
+        with self.assertRaises(mirlow.LimitError):
+            self.session("stop()" + 5000 * "+1")
+        self.assertEqual(self.session("1+1"), 2)
+
+
 class Lines(unittest.TestCase):
     def test_print_what_the_prompt_would(self):
         session = mirlow.Session()

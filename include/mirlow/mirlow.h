@@ -51,8 +51,24 @@ MIRLOW_API mirlow_state* mirlow_new(void);
 // Null is let pass, here and for values.
 MIRLOW_API void mirlow_free(mirlow_state* state);
 
+// What kind of failure.
+typedef enum mirlow_failure {
+  MIRLOW_NO_FAILURE = 0,
+  MIRLOW_FORM = 1,          // the expression, or a name, is not written as it must be
+  MIRLOW_UNKNOWN_NAME = 2,  // no symbol or function bears the name
+  MIRLOW_NO_MATCH = 3,      // no operator, function or vector for values of these types
+  MIRLOW_VALUE = 4,         // a type, an operator or a function refused the value
+  MIRLOW_RING = 5,          // a reference leads back to itself
+  MIRLOW_MEMORY = 6,        // what is under way takes too much of it, or of the stack
+  MIRLOW_NESTING = 7,       // from here on: limits that the host has set
+  MIRLOW_STEPS = 8,
+  MIRLOW_OUTPUT = 9,
+  MIRLOW_INTERRUPTED = 10
+} mirlow_failure;
+
 // What went wrong in the last call that returned MIRLOW_FAILED.
 typedef struct mirlow_error {
+  mirlow_failure kind;
   const char* text;  // as a user would have read it, without a newline at its end
   size_t position;   // where in the expression, in bytes from 0 ...
   size_t length;     // ... and how far; 0 for a failure that has no place
@@ -63,6 +79,21 @@ MIRLOW_API const mirlow_error* mirlow_last_error(const mirlow_state* state);
 // The value of an expression. Changes no symbol.
 MIRLOW_API mirlow_status mirlow_evaluate(mirlow_state* state, const char* expression,
                                          mirlow_value** value);
+
+// What one evaluation, or one line, may use; 0 is as much as it likes. See interpreter/limits.h
+// beside this file about each.
+typedef struct mirlow_limits {
+  unsigned long long steps;    // instructions, and elements of vectors that are made
+  unsigned long long memory;   // bytes
+  unsigned long long output;   // characters of the text of one value
+  unsigned long long nesting;  // levels
+  int ends_the_endless;        // not 0: "!2.5" and "<1>[1/0]" fail instead of never ending
+} mirlow_limits;
+// From now on. What reaches a limit fails, with a kind of its own, and changes nothing.
+MIRLOW_API mirlow_status mirlow_set_limits(mirlow_state* state, const mirlow_limits* limits);
+// Ends what is under way with MIRLOW_INTERRUPTED; without anything under way it does nothing. The
+// one function for other threads than that of the state, and for signal handlers.
+MIRLOW_API void mirlow_interrupt(mirlow_state* state);
 
 // Gets what the commands of a line print. It must not call mirlow_free for the state.
 typedef void (*mirlow_write)(void* user, const char* text, size_t length);

@@ -2,9 +2,12 @@
 #include <gtest/gtest.h>
 #include <mirlow/mirlow.h>
 
+#include <atomic>
+#include <chrono>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "interpreter/version.h"
@@ -69,9 +72,56 @@ TEST_F(StateInC, SaysWhereAFailureCameToLight) {
   EXPECT_EQ(mirlow_evaluate(Get(), "2*width", &untouched), MIRLOW_FAILED);
   EXPECT_EQ(untouched, nullptr);
   const mirlow_error* error = mirlow_last_error(Get());
+  EXPECT_EQ(error->kind, MIRLOW_UNKNOWN_NAME);
   EXPECT_EQ(error->position, 2U);
   EXPECT_EQ(error->length, 5U);
   EXPECT_STREQ(error->text, "\tError : Unknown symbol 'width'");
+}
+
+TEST_F(StateInC, LimitsEndWhatUsesTooMuch) {
+  EXPECT_EQ(mirlow_set_limits(Get(), nullptr), MIRLOW_BAD_ARGUMENT);
+  EXPECT_EQ(mirlow_set_limits(nullptr, nullptr), MIRLOW_BAD_ARGUMENT);
+  const struct {
+    mirlow_limits limits;
+    const char* expression;
+    mirlow_failure kind;
+  } kRows[] = {
+      {{3, 0, 0, 0, 0},    "1+1+1+1+1+1+1+1+1+1+x", MIRLOW_STEPS  },
+      {{0, 0, 0, 3, 0},    "(1+(1+(1+(1+(1+1)))))", MIRLOW_NESTING},
+      {{1000, 0, 0, 0, 1}, "!2.5",                  MIRLOW_VALUE  },
+      {{1000, 0, 0, 0, 1}, "<1>[1/0]",              MIRLOW_VALUE  },
+  };
+  mirlow_set_number(Get(), "x", 1);
+  for (const auto& row : kRows) {
+    EXPECT_EQ(mirlow_set_limits(Get(), &row.limits), MIRLOW_OK);
+    mirlow_value* untouched = nullptr;
+    EXPECT_EQ(mirlow_evaluate(Get(), row.expression, &untouched), MIRLOW_FAILED) << row.expression;
+    EXPECT_EQ(untouched, nullptr) << row.expression;
+    EXPECT_EQ(mirlow_last_error(Get())->kind, row.kind)
+        << row.expression << mirlow_last_error(Get())->text;
+    const mirlow_limits none = {0, 0, 0, 0, 0};
+    EXPECT_EQ(mirlow_set_limits(Get(), &none), MIRLOW_OK);
+    EXPECT_EQ(Compute("x+1"), "2");
+  }
+}
+
+TEST_F(StateInC, AnInterruptionFromAnotherThreadEndsWhatIsUnderWay) {
+  std::string long_sum = "1";
+  for (int i = 0; i < 5000000; ++i) long_sum += "+1";
+  std::atomic<bool> is_over = false;
+  std::thread other([&] {
+    while (!is_over) {
+      mirlow_interrupt(Get());
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+  });
+  mirlow_value* untouched = nullptr;
+  EXPECT_EQ(mirlow_evaluate(Get(), long_sum.c_str(), &untouched), MIRLOW_FAILED);
+  is_over = true;
+  other.join();
+  EXPECT_EQ(mirlow_last_error(Get())->kind, MIRLOW_INTERRUPTED);
+  EXPECT_EQ(Compute("1+1"), "2");
+  mirlow_interrupt(nullptr);
 }
 
 TEST_F(StateInC, LinesPrintWhereTheHostWants) {
