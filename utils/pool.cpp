@@ -41,11 +41,17 @@ struct Lists {
 constinit thread_local Lists lists{};
 constinit Lists left_behind{};  // by ended threads
 
-// Guards left_behind. Never destroyed, since a thread may end after static destruction.
-std::mutex& GetMutex() {
-  static auto* mutex = new std::mutex;
-  return *mutex;
-}
+// Guards left_behind. Never destroyed, since a thread may end after static destruction; and made by
+// the compiler, since a host's thread sanitizer does not see who was first to make it here.
+union Forever {
+  constexpr Forever() : mutex() {}
+  ~Forever() {}  // NOLINT(modernize-use-equals-default): a union has no other
+
+  std::mutex mutex;
+};
+constinit Forever forever;
+
+std::mutex& GetMutex() { return forever.mutex; }
 
 void Splice(Lists& from, Lists& to) {
   for (std::size_t i = 0; i < kSizes; ++i) {

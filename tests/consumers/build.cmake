@@ -33,7 +33,7 @@ elseif(kind STREQUAL "export")
   run(${CMAKE_COMMAND} --build ${directory})
 elseif(IS_ABSOLUTE ${kind})
   run(${CMAKE_COMMAND} -S ${kind} -B ${directory} -DCMAKE_CXX_COMPILER=${compiler}
-    -DCMAKE_PREFIX_PATH=${prefix} "-DCMAKE_CXX_FLAGS=-Wall -Wextra -Wpedantic -Wshadow -Werror")
+    -DCMAKE_PREFIX_PATH=${prefix} "-DCMAKE_CXX_FLAGS=-Wall -Wextra -Wpedantic -Wshadow -Werror ${flags}")
   run(${CMAKE_COMMAND} --build ${directory})
   run(${CMAKE_CTEST_COMMAND} --test-dir ${directory} --output-on-failure --no-tests=error)
   return()
