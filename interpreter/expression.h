@@ -54,6 +54,7 @@ class MIRLOW_API Expression {
   std::unique_ptr<Body> body_;
 };
 
+// The place of one symbol.
 class MIRLOW_API Variable {
  public:
   Variable(Variable&&) noexcept;

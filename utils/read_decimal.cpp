@@ -106,8 +106,10 @@ class Natural {
 
   bool IsLess(const Natural& other) const {
     if (size_ != other.size_) return size_ < other.size_;
-    return std::lexicographical_compare(words_.rend() - size_, words_.rend(),
-                                        other.words_.rend() - other.size_, other.words_.rend());
+    for (std::size_t i = size_; i-- > 0;) {
+      if (words_[i] != other.words_[i]) return words_[i] < other.words_[i];
+    }
+    return false;
   }
   // REQUIRES: the other is not greater.
   void Subtract(const Natural& other) {

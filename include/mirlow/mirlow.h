@@ -68,10 +68,10 @@ typedef enum mirlow_failure {
 
 // What went wrong in the last call that returned MIRLOW_FAILED.
 typedef struct mirlow_error {
-  mirlow_failure kind;
-  const char* text;  // as a user would have read it, without a newline at its end
-  size_t position;   // where in the expression, in bytes from 0 ...
-  size_t length;     // ... and how far; 0 for a failure that has no place
+  mirlow_failure kind;  // of which kind it is
+  const char* text;     // as a user would have read it, without a newline at its end
+  size_t position;      // where in the expression, in bytes from 0 ...
+  size_t length;        // ... and how far; 0 for a failure that has no place
 } mirlow_error;
 // Never null; valid until the next call with the state.
 MIRLOW_API const mirlow_error* mirlow_last_error(const mirlow_state* state);
