@@ -6,7 +6,11 @@ include(CheckLinkerFlag)
 foreach(flag -fstack-protector-strong -fstack-clash-protection -fPIE)
   string(MAKE_C_IDENTIFIER "MIRLOW_HAS${flag}" has_flag)
   check_cxx_compiler_flag(${flag} ${has_flag})
-  if(${has_flag} AND NOT (flag STREQUAL -fPIE AND BUILD_SHARED_LIBS))
+  if(${has_flag} AND flag STREQUAL -fPIE)
+    # The objects of the library fit everywhere already.
+    target_compile_options(mirlow_options INTERFACE
+      $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${flag}>)
+  elseif(${has_flag})
     target_compile_options(mirlow_options INTERFACE ${flag})
   endif()
 endforeach()

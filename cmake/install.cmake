@@ -1,43 +1,30 @@
 # What `cmake --install` puts where, so that others find the library with CMake or pkg-config.
-# Headers go below include/mirlow, which is the directory to include from: "interpreter/state.h".
+# Headers go below include/mirlow, to be included as <mirlow/state.h>.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/mirlow)
 set(header_dir ${CMAKE_INSTALL_INCLUDEDIR}/mirlow)
 
-# Before 1.0.0 each minor version may break what uses the one before it.
-if(PROJECT_VERSION_MAJOR EQUAL 0)
-  set(compatible_version ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
-  set(compatibility SameMinorVersion)
-else()
-  set(compatible_version ${PROJECT_VERSION_MAJOR})
-  set(compatibility SameMajorVersion)
-endif()
-set_target_properties(mirlow_library PROPERTIES
-  VERSION ${PROJECT_VERSION} SOVERSION ${compatible_version})
-target_include_directories(mirlow_library INTERFACE $<INSTALL_INTERFACE:${header_dir}>)
+target_include_directories(mirlow_library INTERFACE
+  $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 
 install(TARGETS mirlow_library EXPORT mirlowTargets
   RUNTIME COMPONENT development LIBRARY COMPONENT development ARCHIVE COMPONENT development)
-# The log is the program's own.
-install(DIRECTORY utils interpreter types DESTINATION ${header_dir} COMPONENT development
-  FILES_MATCHING PATTERN *.h PATTERN log.h EXCLUDE)
-install(FILES ${PROJECT_BINARY_DIR}/generated/interpreter/version.h
+install(FILES ${host_headers} DESTINATION ${header_dir} COMPONENT development)
+foreach(header IN LISTS public_headers)
+  get_filename_component(folder ${header} DIRECTORY)
+  install(FILES ${PROJECT_SOURCE_DIR}/${header} DESTINATION ${header_dir}/${folder}
+    COMPONENT development)
+endforeach()
+install(FILES ${build_include}/mirlow/interpreter/version.h
   DESTINATION ${header_dir}/interpreter COMPONENT development)
 
-# Programs find a shared library of ours wherever both are moved to.
-if(BUILD_SHARED_LIBS)
-  file(RELATIVE_PATH from_bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-  set(run_path $ORIGIN/${from_bin_to_lib})
-endif()
 if(MIRLOW_PROGRAM)
-  set_target_properties(mirlow PROPERTIES INSTALL_RPATH "${run_path}")
   install(TARGETS mirlow COMPONENT program)
   install(FILES docs/man/mirlow.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
 endif()
 if(MIRLOW_SHELL)
-  set_target_properties(mirlow-shell PROPERTIES INSTALL_RPATH "${run_path}")
   install(TARGETS mirlow-shell COMPONENT shell)
   install(FILES docs/man/mirlow-shell.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT shell)
 endif()
@@ -53,6 +40,10 @@ install(FILES ${PROJECT_BINARY_DIR}/mirlowConfig.cmake
 file(RELATIVE_PATH pc_prefix
   ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" pc_prefix ${pc_prefix})
+set(private_libraries ${CMAKE_CXX_IMPLICIT_LINK_LIBRARIES})
+list(FILTER private_libraries INCLUDE REGEX "^(stdc\\+\\+|c\\+\\+|m)$")
+list(TRANSFORM private_libraries PREPEND -l)
+list(JOIN private_libraries " " private_libraries)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/mirlow.pc.in ${PROJECT_BINARY_DIR}/mirlow.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/mirlow.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
   COMPONENT development)

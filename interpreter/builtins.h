@@ -3,7 +3,8 @@
 // one upward call.
 #pragma once
 
-#include "utils/s_refptr.h"
+#include "../utils/api.h"
+#include "../utils/s_refptr.h"
 
 namespace Quarn {
 
@@ -20,7 +21,7 @@ inline constexpr char kReferenceType[] = "Reference";
 void RegisterBuiltins(State& state);
 
 // A number as an object.
-s_refptr<Symbol> NewNumber(const s_str& name, double number);
+MIRLOW_API s_refptr<Symbol> NewNumber(const s_str& name, double number);
 
 // A reference of that name to the expression of a cell; without one it is a null reference.
 s_refptr<Symbol> NewReference(const s_str& name, CellPtr cell);

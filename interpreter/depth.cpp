@@ -1,6 +1,10 @@
 #include "interpreter/depth.h"
 
+#if defined(_WIN32)
+#include <windows.h>
+#else
 #include <pthread.h>
+#endif
 
 #include <algorithm>
 #include <cstddef>
@@ -24,15 +28,34 @@ struct StackBounds {
   std::uintptr_t low_mark = 0;  // below it, it is low
 };
 
+// The lowest address and the size in bytes; a size of 0 when the system does not tell.
+#if defined(_WIN32)
+
+void AskForStack(std::uintptr_t& lowest, std::size_t& size) {
+  ULONG_PTR low = 0;
+  ULONG_PTR high = 0;
+  GetCurrentThreadStackLimits(&low, &high);
+  lowest = low;
+  size = high - low;
+}
+
+#else
+
+void AskForStack(std::uintptr_t& lowest, std::size_t& size) {
+  pthread_attr_t attributes;
+  if (pthread_getattr_np(pthread_self(), &attributes) != 0) return;
+  void* start = nullptr;
+  pthread_attr_getstack(&attributes, &start, &size);
+  pthread_attr_destroy(&attributes);
+  lowest = reinterpret_cast<std::uintptr_t>(start);
+}
+
+#endif
+
 StackBounds FindStack() {
   StackBounds stack;
-  pthread_attr_t attributes;
-  if (pthread_getattr_np(pthread_self(), &attributes) != 0) return stack;
-  void* lowest = nullptr;
   std::size_t size = 0;
-  pthread_attr_getstack(&attributes, &lowest, &size);
-  pthread_attr_destroy(&attributes);
-  stack.lowest = reinterpret_cast<std::uintptr_t>(lowest);
+  AskForStack(stack.lowest, size);
   stack.top = stack.lowest + size;
   const std::size_t used = std::min(size, kLargestStack);
   stack.low_mark = stack.top - used + std::min(used / 4, kReserve);

@@ -9,8 +9,8 @@
 #include <memory>
 #include <vector>
 
-#include "interpreter/operand.h"
-#include "interpreter/registry.h"
+#include "operand.h"
+#include "registry.h"
 
 namespace Quarn {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "interpreter/symbol.h"
+#include "symbol.h"
 
 namespace Quarn {
 

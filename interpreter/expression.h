@@ -15,7 +15,8 @@
 #include <string_view>
 #include <vector>
 
-#include "interpreter/embedding.h"
+#include "../utils/api.h"
+#include "embedding.h"
 
 namespace Quarn {
 
@@ -23,7 +24,7 @@ struct Core;
 struct Name;
 class State;
 
-class Expression {
+class MIRLOW_API Expression {
  public:
   Expression(Expression&&) noexcept;
   Expression& operator=(Expression&&) noexcept;
@@ -53,7 +54,8 @@ class Expression {
   std::unique_ptr<Body> body_;
 };
 
-class Variable {
+// The place of one symbol.
+class MIRLOW_API Variable {
  public:
   Variable(Variable&&) noexcept;
   Variable& operator=(Variable&&) noexcept;

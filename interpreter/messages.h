@@ -6,14 +6,12 @@
 
 #include <string_view>
 
+#include "interpreter/add_error.h"
 #include "interpreter/embedding.h"
 #include "utils/s_ctnr.h"
 #include "utils/s_str.h"
 
 namespace Quarn {
-
-// Adds a message on a line of its own: a newline comes before it when the text holds something.
-void AddError(s_str& error, const s_str& message);
 
 namespace messages {
 

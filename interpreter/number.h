@@ -2,11 +2,12 @@
 // it back. Scalar is the one class that derives from it.
 #pragma once
 
-#include "interpreter/symbol.h"
+#include "../utils/api.h"
+#include "symbol.h"
 
 namespace Quarn {
 
-class Number : public Symbol {
+class MIRLOW_API Number : public Symbol {
  private:
   friend class Scalar;
   friend class Operand;

@@ -6,8 +6,8 @@
 
 #include <utility>
 
-#include "interpreter/builtins.h"
-#include "interpreter/number.h"
+#include "builtins.h"
+#include "number.h"
 
 namespace Quarn {
 

@@ -8,8 +8,8 @@
 #include <optional>
 #include <string_view>
 
-#include "interpreter/symbol.h"
-#include "utils/s_ctnr.h"
+#include "../utils/s_ctnr.h"
+#include "symbol.h"
 
 namespace Quarn {
 

@@ -105,6 +105,10 @@ Result State::SetSymbol(std::string_view name, const s_refptr<Symbol>& value) {
   return {std::move(symbol), {}};
 }
 
+Result State::SetReference(std::string_view name, std::string_view expression) {
+  return SetSymbol(name, core_->machine.NewReference(Symbol::NoName(), expression));
+}
+
 bool State::EraseSymbol(std::string_view name) {
   if (name == SymbolTable::kLastResult || !core_->symbols.Contains(name)) return false;
   core_->symbols.Erase(name);

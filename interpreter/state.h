@@ -13,16 +13,17 @@
 #include <iosfwd>
 #include <memory>
 
-#include "interpreter/embedding.h"
-#include "interpreter/expression.h"
-#include "interpreter/limits.h"
-#include "interpreter/registry.h"
+#include "../utils/api.h"
+#include "embedding.h"
+#include "expression.h"
+#include "limits.h"
+#include "registry.h"
 
 namespace Quarn {
 
 struct Core;
 
-class State {
+class MIRLOW_API State {
  public:
   // Prints to standard output and reads from standard input, or does so with streams that must
   // outlive it.
@@ -56,6 +57,9 @@ class State {
   // a name that no symbol may bear or that no expression can ask for, and for null. Leaves the last
   // result.
   Result SetSymbol(std::string_view name, const s_refptr<Symbol>& value);
+  // Makes a name a reference to the expression, which it follows from then on, and returns that.
+  // Fails for the same names; an expression that fails is reported when the reference is evaluated.
+  Result SetReference(std::string_view name, std::string_view expression);
   // False when no symbol bears the name. The last result is always there and cannot be erased.
   bool EraseSymbol(std::string_view name);
 

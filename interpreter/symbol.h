@@ -9,14 +9,15 @@
 #include <cstdint>
 #include <new>
 
-#include "utils/s_refptr.h"
-#include "utils/s_str.h"
+#include "../utils/api.h"
+#include "../utils/s_refptr.h"
+#include "../utils/s_str.h"
 
 namespace Quarn {
 
 class TextWriter;
 
-class Symbol {
+class MIRLOW_API Symbol {
  public:
   // The name of the abstract type.
   static constexpr char kType[] = "Symbol";
@@ -46,10 +47,7 @@ class Symbol {
   virtual void Write(TextWriter& out) const;
 
   // The name of temporaries.
-  static const s_str& NoName() {
-    static const s_str no_name;
-    return no_name;
-  }
+  static const s_str& NoName();
   const s_str& GetName() const { return name_; }
   // Renames, and leaves the value text.
   void SetName(const s_str& name) { name_ = name; }

@@ -4,10 +4,15 @@ include(GNUInstallDirs)
 
 # What belongs to no program: pages, scripts, editors' files.
 set(doc_dir ${CMAKE_INSTALL_DATAROOTDIR}/doc)
+# As they lie in this tree, so that their links to each other hold.
 file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.md)
-install(FILES ${pages} DESTINATION ${doc_dir}/mirlow COMPONENT documentation)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/scripts DESTINATION ${doc_dir}/mirlow/examples
+install(FILES ${pages} DESTINATION ${doc_dir}/mirlow/docs COMPONENT documentation)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/notes DESTINATION ${doc_dir}/mirlow/docs
   COMPONENT documentation)
+install(FILES CHANGELOG.md CONTRIBUTING.md SECURITY.md
+  DESTINATION ${doc_dir}/mirlow COMPONENT documentation)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${doc_dir}/mirlow
+  COMPONENT documentation PATTERN __pycache__ EXCLUDE)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/editors DESTINATION ${doc_dir}/mirlow
   COMPONENT documentation)
 

@@ -17,9 +17,9 @@
 #include <type_traits>
 #include <utility>
 
-#include "interpreter/registry.h"
-#include "types/lift.h"
-#include "types/vector.h"
+#include "../interpreter/registry.h"
+#include "lift.h"
+#include "vector.h"
 
 namespace Quarn {
 

@@ -7,9 +7,9 @@
 #include <type_traits>
 #include <utility>
 
-#include "interpreter/builtins.h"
-#include "interpreter/registry.h"
-#include "types/scalar.h"
+#include "../interpreter/builtins.h"
+#include "../interpreter/registry.h"
+#include "scalar.h"
 
 namespace Quarn {
 

@@ -3,14 +3,15 @@
 //   s_refptr<Symbol> half(new Scalar("x", 0.5));  // shows as "x = 0.5"
 #pragma once
 
-#include "interpreter/number.h"
-#include "utils/s_double.h"
+#include "../interpreter/number.h"
+#include "../utils/api.h"
+#include "../utils/s_double.h"
 
 namespace Quarn {
 
 class State;
 
-class Scalar final : public Number {
+class MIRLOW_API Scalar final : public Number {
  public:
   // The name of the type, and what adds it to a State, which does it itself.
   static constexpr char kType[] = "Scalar";

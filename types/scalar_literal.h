@@ -5,7 +5,8 @@
 #include <cmath>
 #include <string_view>
 
-#include "interpreter/registry.h"
+#include "../interpreter/registry.h"
+#include "../utils/api.h"
 
 namespace Quarn {
 
@@ -14,12 +15,13 @@ namespace Quarn {
 // one sign before, blanks around. "12", "-3.5e-2", ".5" and "5." are numbers; "1E5", "1e" and "12a"
 // are not. Kept on purpose: no digit is asked for before the exponent, so "", "+", "." and "e5" are
 // numbers too; what cannot be read as one has the value 0.
-double ReadNumberLiteral(std::string_view text);
+MIRLOW_API double ReadNumberLiteral(std::string_view text);
 
 // The number that a text begins with, as far as its digits and its full stop go: the whole of what
 // most literals are. None for a sign, for more digits than are surely read exactly, and for none.
-NumberPrefix ReadNumberPrefix(const char* begin, const char* end);
+MIRLOW_API NumberPrefix ReadNumberPrefix(const char* begin, const char* end);
 
+// Is the text such a literal?
 inline bool IsNumberLiteral(std::string_view text) { return !std::isnan(ReadNumberLiteral(text)); }
 
 // What such a text begins with, but for the empty one.

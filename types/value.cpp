@@ -2,6 +2,7 @@
 
 #include "interpreter/core.h"
 #include "interpreter/element_types.h"
+#include "interpreter/state.h"
 #include "types/lift.h"
 #include "types/reference.h"
 #include "types/vector.h"
@@ -82,6 +83,10 @@ Result EvaluateReference(const s_refptr<Symbol>& value) {
 }
 
 s_refptr<Symbol> FromNumber(double number) { return NewNumber(number); }
+
+s_refptr<Symbol> FromReference(State& state, std::string_view expression) {
+  return state.GetCore().machine.NewReference(Symbol::NoName(), expression);
+}
 
 s_refptr<Symbol> FromElements(const std::vector<s_refptr<Symbol>>& elements) {
   Values values;

@@ -7,42 +7,50 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "interpreter/embedding.h"
-#include "interpreter/symbol.h"
+#include "../interpreter/embedding.h"
+#include "../interpreter/symbol.h"
+#include "../utils/api.h"
 
 namespace Quarn {
 
+class State;
+
 // The number that a Scalar is; nothing for null and for values of other types.
-std::optional<double> ToNumber(const s_refptr<Symbol>& value);
+MIRLOW_API std::optional<double> ToNumber(const s_refptr<Symbol>& value);
 
 // The elements of a Vector, shared with it; nothing for null and for values of other types.
-std::optional<std::vector<s_refptr<Symbol>>> ToElements(const s_refptr<Symbol>& value);
+MIRLOW_API std::optional<std::vector<s_refptr<Symbol>>> ToElements(const s_refptr<Symbol>& value);
 
 // The numbers in a Vector; nothing for null, for values of other types, and when one of the
 // elements is no number.
-std::optional<std::vector<double>> ToNumbers(const s_refptr<Symbol>& value);
+MIRLOW_API std::optional<std::vector<double>> ToNumbers(const s_refptr<Symbol>& value);
 
 // The value as a user reads it, without its name: "<1, 2>". Empty for null.
-std::string ToText(const s_refptr<Symbol>& value);
+MIRLOW_API std::string ToText(const s_refptr<Symbol>& value);
 
 // The type under which operators and functions know the value: "Scalar". Empty for null.
-std::string GetTypeName(const s_refptr<Symbol>& value);
+MIRLOW_API std::string GetTypeName(const s_refptr<Symbol>& value);
 
 // A new unnamed Scalar.
-s_refptr<Symbol> FromNumber(double number);
+MIRLOW_API s_refptr<Symbol> FromNumber(double number);
+
+// A new unnamed reference to the expression, which that State evaluates each time the value is
+// asked for and something in it has changed. The State must outlive it.
+MIRLOW_API s_refptr<Symbol> FromReference(State& state, std::string_view expression);
 
 // What a reference comes to, followed through further references; without a value, why its
 // expression failed. Any other value is its own result.
-Result EvaluateReference(const s_refptr<Symbol>& value);
+MIRLOW_API Result EvaluateReference(const s_refptr<Symbol>& value);
 
 // A new unnamed Vector that shares the elements, or has copies without a name; null when one is
 // null, and when a literal of these elements would be refused: they must be of one type, and not
 // all be references.
-s_refptr<Symbol> FromElements(const std::vector<s_refptr<Symbol>>& elements);
+MIRLOW_API s_refptr<Symbol> FromElements(const std::vector<s_refptr<Symbol>>& elements);
 
 // A new unnamed Vector of Scalars.
-s_refptr<Symbol> FromNumbers(const std::vector<double>& numbers);
+MIRLOW_API s_refptr<Symbol> FromNumbers(const std::vector<double>& numbers);
 
 }  // namespace Quarn

@@ -6,12 +6,13 @@
 //   state.ProcessLine("v=<1, 2>;2*v");  // <2, 4>
 #pragma once
 
-#include "interpreter/elements.h"
-#include "interpreter/registry.h"
+#include "../interpreter/elements.h"
+#include "../interpreter/registry.h"
+#include "../utils/api.h"
 
 namespace Quarn {
 
-class Vector final : public Symbol {
+class MIRLOW_API Vector final : public Symbol {
  public:
   // The name of the type, and what adds it to a State: once, after construction.
   static constexpr char kType[] = "Vector";

@@ -8,10 +8,10 @@
 #include <iterator>
 #include <limits>
 
+#include "utils/wide.h"
+
 namespace Quarn {
 namespace {
-
-__extension__ using Wide = unsigned __int128;
 
 constexpr int kDigits = 15;
 
@@ -75,16 +75,15 @@ struct Rounded {
 // m * 2^-shift, correctly rounded to 15 digits, ties to even: m * 10^n fits 128 bits.
 Rounded RoundTo15Digits(std::uint64_t m, int shift, int exponent) {
   while (true) {
-    const Wide scaled = Wide{m} * kPowersOfTen[kDigits - 1 - exponent];
-    const Wide half = Wide{1} << (shift - 1);
-    const Wide rest = scaled & (2 * half - 1);
-    auto digits = static_cast<std::uint64_t>(scaled >> shift);
+    const Wide scaled = Multiply(m, kPowersOfTen[kDigits - 1 - exponent]);
+    std::uint64_t digits = ShiftRight(scaled, shift);
     // The exponent was guessed one too low.
     if (digits >= 10 * kLeast15Digits) {
       ++exponent;
       continue;
     }
-    if (rest > half || (rest == half && digits % 2 == 1)) ++digits;
+    const bool is_half = HasBit(scaled, shift - 1);
+    if (is_half && (HasBitBelow(scaled, shift - 1) || digits % 2 == 1)) ++digits;
     if (digits == 10 * kLeast15Digits) return {kLeast15Digits, exponent + 1};
     return {digits, exponent};
   }

@@ -1,7 +1,9 @@
 #include "utils/log.h"
 
+#if !defined(_WIN32)
 #include <fcntl.h>
 #include <unistd.h>
+#endif
 
 namespace Quarn {
 namespace {
@@ -9,11 +11,13 @@ namespace {
 // Opens closed standard files on /dev/null: otherwise the next file to be opened would get their
 // number, and results would be written to the log or the script.
 bool FillStandardFiles() {
+#if !defined(_WIN32)  // which opens them itself
   unsigned int file = 0;
   do {
     file = static_cast<unsigned int>(open("/dev/null", O_RDWR));  // the largest if it failed
   } while (file <= STDERR_FILENO);
   close(static_cast<int>(file));
+#endif
   return true;
 }
 

@@ -1,26 +1,59 @@
 #include "utils/pool.h"
 
+#if defined(__linux__)
 #include <unistd.h>
+#endif
 
 #include <mutex>
+#include <new>
 
 namespace Quarn {
 namespace {
 
+// Sanitizers must see every block, so there the general allocator serves all.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool kPooled = false;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer) || \
+    __has_feature(memory_sanitizer)
+constexpr bool kPooled = false;
+#else
+constexpr bool kPooled = true;
+#endif
+#else
+constexpr bool kPooled = true;
+#endif
+
+constexpr std::size_t kStep = 8;    // the counts of a shared pointer
+constexpr std::size_t kSizes = 32;  // blocks up to 256 bytes
 constexpr std::size_t kSlabBytes = 4096;
 
-// Guards left_behind_. Never destroyed, since a thread may end after static destruction.
-std::mutex& GetMutex() {
-  static auto* mutex = new std::mutex;
-  return *mutex;
-}
+struct Block {
+  Block* next;
+};
 
-}  // namespace
+struct Lists {
+  Block* free[kSizes];
+};
 
-constinit thread_local Pool::Lists Pool::lists_{};
-constinit Pool::Lists Pool::left_behind_{};
+// Plain data: access needs no initialisation guard, and an object destroyed after the thread's
+// clean-up can still free its block.
+constinit thread_local Lists lists{};
+constinit Lists left_behind{};  // by ended threads
 
-void Pool::Splice(Lists& from, Lists& to) {
+// Guards left_behind. Never destroyed, since a thread may end after static destruction; and made by
+// the compiler, since a host's thread sanitizer does not see who was first to make it here.
+union Forever {
+  constexpr Forever() : mutex() {}
+  ~Forever() {}  // NOLINT(modernize-use-equals-default): a union has no other
+
+  std::mutex mutex;
+};
+constinit Forever forever;
+
+std::mutex& GetMutex() { return forever.mutex; }
+
+void Splice(Lists& from, Lists& to) {
   for (std::size_t i = 0; i < kSizes; ++i) {
     if (!from.free[i]) continue;
     Block* last = from.free[i];
@@ -31,34 +64,58 @@ void Pool::Splice(Lists& from, Lists& to) {
   }
 }
 
-struct Pool::AtThreadExit {
+struct AtThreadExit {
   AtThreadExit() {
     const std::lock_guard lock(GetMutex());
-    Splice(left_behind_, lists_);
+    Splice(left_behind, lists);
   }
   ~AtThreadExit() {
+#if defined(__linux__)
     // When the main thread ends, so does the process.
     if (getpid() == gettid()) return;
+#endif
     const std::lock_guard lock(GetMutex());
-    Splice(lists_, left_behind_);
+    Splice(lists, left_behind);
   }
 };
 
-void Pool::CutSlab(std::size_t index) {
+constexpr std::size_t Index(std::size_t size) { return (size - 1) / kStep; }
+
+void CutSlab(std::size_t index) {
   const std::size_t bytes = (index + 1) * kStep;
   char* slab = static_cast<char*>(::operator new(kSlabBytes));
   for (std::size_t at = kSlabBytes / bytes; at-- > 0;) {
-    lists_.free[index] = new (slab + at * bytes) Block{lists_.free[index]};
+    lists.free[index] = new (slab + at * bytes) Block{lists.free[index]};
   }
   // The list holds the slab, block by block.
 }  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
 
-void* Pool::AllocateFresh(std::size_t size) {
+Block* Take(std::size_t index) {
+  Block* block = lists.free[index];
+  lists.free[index] = block->next;
+  return block;
+}
+
+[[gnu::noinline]] void* AllocateFresh(std::size_t size) {
   const std::size_t index = Index(size);
   if (!kPooled || index >= kSizes) return ::operator new(size);
   static thread_local AtThreadExit at_thread_exit;
-  if (!lists_.free[index]) CutSlab(index);
-  return Allocate(size);
+  if (!lists.free[index]) CutSlab(index);
+  return Take(index);
+}
+
+}  // namespace
+
+void* Pool::Allocate(std::size_t size) {
+  const std::size_t index = Index(size);
+  if (!kPooled || index >= kSizes || !lists.free[index]) return AllocateFresh(size);
+  return Take(index);
+}
+
+void Pool::Free(void* block, std::size_t size) noexcept {
+  const std::size_t index = Index(size);
+  if (!kPooled || index >= kSizes) return ::operator delete(block);
+  if (block) lists.free[index] = new (block) Block{lists.free[index]};
 }
 
 }  // namespace Quarn

@@ -5,7 +5,7 @@
 //   if (found) ...
 #pragma once
 
-#include "utils/fwd.h"
+#include "fwd.h"
 
 namespace Quarn {
 

@@ -10,7 +10,7 @@
 #include <initializer_list>
 #include <utility>
 
-#include "utils/s_int.h"
+#include "s_int.h"
 
 namespace Quarn {
 

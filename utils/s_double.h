@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-#include "utils/s_int.h"
+#include "s_int.h"
 
 namespace Quarn {
 

@@ -7,7 +7,7 @@
 
 #include <type_traits>
 
-#include "utils/s_bool.h"
+#include "s_bool.h"
 
 namespace Quarn {
 

@@ -9,9 +9,9 @@
 #include <type_traits>
 #include <utility>
 
-#include "utils/pool.h"
-#include "utils/s_bool.h"
-#include "utils/s_int.h"
+#include "pool.h"
+#include "s_bool.h"
+#include "s_int.h"
 
 namespace Quarn {
 

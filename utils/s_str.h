@@ -14,9 +14,10 @@
 #include <type_traits>
 #include <utility>
 
-#include "utils/s_bool.h"
-#include "utils/s_ctnr.h"
-#include "utils/s_int.h"
+#include "api.h"
+#include "s_bool.h"
+#include "s_ctnr.h"
+#include "s_int.h"
 
 namespace Quarn {
 
@@ -135,7 +136,7 @@ class s_str_t {
   String text_;
 };
 
-extern template class s_str_t<char>;
-extern template class s_str_t<unsigned int>;
+extern template class MIRLOW_API s_str_t<char>;
+extern template class MIRLOW_API s_str_t<unsigned int>;
 
 }  // namespace Quarn

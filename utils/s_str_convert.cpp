@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "utils/decimal.h"
+#include "utils/read_decimal.h"
 
 namespace Quarn {
 namespace {
@@ -67,6 +68,12 @@ std::string_view TakeNumber(std::string_view text) {
   return text.substr(0, at);
 }
 
+// Is what a stream has extracted a number? It has a digit, and another one after an "e".
+bool IsComplete(std::string_view number) {
+  const bool has_digit = number.find_first_of("0123456789") != std::string_view::npos;
+  return has_digit && (IsDigit(number.back()) || number.back() == '.');
+}
+
 // Throws std::bad_alloc, which a stream would otherwise turn into a failed extraction.
 class NumberStream : public std::istringstream {
  public:
@@ -76,12 +83,24 @@ class NumberStream : public std::istringstream {
   }
 };
 
-// Rare, so the stream itself decides between the largest double and 0.
-NumberRead ReadBeyondRange(std::string_view number) {
-  NumberStream stream(number);
-  double value = 0;
-  stream >> value;
-  return {value, !stream.fail()};
+// What a stream makes of a number: one that is too large becomes the largest, and fails.
+template <class T>
+struct RealRead {
+  T value;
+  bool complete;
+};
+template <class T>
+RealRead<T> ReadReal(std::string_view number) {
+  if (number.starts_with('+')) number.remove_prefix(1);  // neither way below knows a plus sign
+  if (!IsComplete(number)) return {0, false};
+#if defined(__cpp_lib_to_chars)
+  T read = 0;
+  const char* end = number.data() + number.size();
+  if (std::from_chars(number.data(), end, read).ec == std::errc()) return {read, true};
+#endif
+  const T value = ReadDecimal<T>(number);
+  if (std::isfinite(value)) return {value, true};
+  return {std::copysign(std::numeric_limits<T>::max(), value), false};
 }
 
 template <class T>
@@ -114,18 +133,12 @@ NumberRead ReadDouble(std::string_view text) {
   const s_double ordinary = ReadOrdinary(text);
   if (!ordinary.IsNaN()) return {ordinary, true};
   const std::string_view number = TakeNumber(text);
-  const char* begin = number.data();
-  const char* end = begin + number.size();
-  if (begin != end && *begin == '+') ++begin;  // from_chars knows no plus sign
-  double value = 0;
-  const auto [stop, problem] = std::from_chars(begin, end, value);
-  if (problem == std::errc::result_out_of_range) return ReadBeyondRange(number);
-  if (problem != std::errc() || stop != end) return {0, false};
-  return {value, true};
+  const auto [value, complete] = ReadReal<double>(number);
+  return {value, complete};
 }
 
 s_double ToDouble(const s_str& text) { return ReadDouble(text.GetView()).value; }
-s_float ToFloat(const s_str& text) { return ReadByStream<float>(text); }
+s_float ToFloat(const s_str& text) { return ReadReal<float>(TakeNumber(text.GetView())).value; }
 s_uint ToUint(const s_str& text) { return ReadByStream<unsigned int>(text); }
 s_ulong ToUlong(const s_str& text) { return ReadByStream<unsigned long>(text); }
 s_int ToInt(const s_str& text) { return ReadByStream<int>(text); }

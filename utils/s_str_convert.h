@@ -6,8 +6,9 @@
 #include <string_view>
 #include <type_traits>
 
-#include "utils/s_double.h"
-#include "utils/s_str.h"
+#include "api.h"
+#include "s_double.h"
+#include "s_str.h"
 
 namespace Quarn {
 
@@ -21,16 +22,16 @@ inline constexpr std::size_t kNumberRoom = 32;
 // Writes a number at `out`, unterminated, and returns its end. Finite numbers in the general
 // notation
 // ("0.1", "2", "1e+20"), the others as "nan", "inf+", "inf-".  REQUIRES: kNumberRoom characters.
-char* WriteDouble(char* out, double value);
+MIRLOW_API char* WriteDouble(char* out, double value);
 
 // As a text.
-s_str ToText(s_double value);
-s_str ToText(s_float value);
+MIRLOW_API s_str ToText(s_double value);
+MIRLOW_API s_str ToText(s_float value);
 // "inf" and "nan" for the states that are no number.
-s_str ToText(s_uint value);
-s_str ToText(s_uint_t<unsigned long> value);
-s_str ToText(s_int value);
-s_str ToText(s_bool value);  // "true" or "false"
+MIRLOW_API s_str ToText(s_uint value);
+MIRLOW_API s_str ToText(s_uint_t<unsigned long> value);
+MIRLOW_API s_str ToText(s_int value);
+MIRLOW_API s_str ToText(s_bool value);  // "true" or "false"
 
 // The result of reading a number as a stream does: leading white space is skipped, and reading
 // stops at the first character that cannot continue the number.
@@ -38,16 +39,16 @@ struct NumberRead {
   s_double value;   // 0 if there is no number; the largest double if it is too large
   s_bool complete;  // false where a stream would fail: no number, or too large
 };
-NumberRead ReadDouble(std::string_view text);
+MIRLOW_API NumberRead ReadDouble(std::string_view text);
 
 // 0 if there is no number: ask IsNumber first.
-s_double ToDouble(const s_str& text);
-s_float ToFloat(const s_str& text);
+MIRLOW_API s_double ToDouble(const s_str& text);
+MIRLOW_API s_float ToFloat(const s_str& text);
 // As a stream reads the built-in integer: 0 if there is none, the nearest value if it is out of
 // range; the unsigned ones wrap at a minus sign.
-s_uint ToUint(const s_str& text);
-s_ulong ToUlong(const s_str& text);
-s_int ToInt(const s_str& text);
+MIRLOW_API s_uint ToUint(const s_str& text);
+MIRLOW_API s_ulong ToUlong(const s_str& text);
+MIRLOW_API s_int ToInt(const s_str& text);
 
 // The texts that IsBoolean accepts, and their values.
 struct BooleanWord {
@@ -63,12 +64,12 @@ inline constexpr BooleanWord kBooleanWords[] = {
     {"yes",   true },
 };
 // False for any other text: ask IsBoolean first.
-s_bool ToBool(const s_str& text);
+MIRLOW_API s_bool ToBool(const s_str& text);
 
 // Character by character; what does not fit a byte becomes "?".
-s_ustr Widen(const s_str& text);
+MIRLOW_API s_ustr Widen(const s_str& text);
 inline s_str Narrow(const s_str& text) { return text; }
-s_str Narrow(const s_ustr& text);
+MIRLOW_API s_str Narrow(const s_ustr& text);
 
 // The conversions for other character types. A character that does not fit a byte ends a number.
 template <class T, class Value>

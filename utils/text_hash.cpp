@@ -1,11 +1,26 @@
 #include "utils/text_hash.h"
 
+#if defined(_WIN32)
+#include <random>
+#else
 #include <unistd.h>
+#endif
 
 #include <chrono>
 
 namespace Quarn {
 namespace {
+
+#if defined(_WIN32)
+
+TextHash::Key DrawKey() {
+  std::random_device random;
+  TextHash::Key key;
+  for (std::uint64_t& part : key) part = std::uint64_t{random()} << 32 | random();
+  return key;
+}
+
+#else
 
 TextHash::Key DrawKey() {
   TextHash::Key key;
@@ -18,6 +33,8 @@ TextHash::Key DrawKey() {
   return key;
   // GCOVR_EXCL_STOP
 }
+
+#endif
 
 }  // namespace
 

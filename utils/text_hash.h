@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "utils/s_str.h"
+#include "utils/wide.h"
 
 namespace Quarn {
 
@@ -25,19 +26,18 @@ class TextHash {
 
   using is_transparent = void;
   std::size_t operator()(std::string_view text) const {
-    if (text.size() < 4) return HashShort(text);
-    return Fold(HashWords(text.data(), text.size()) ^ key_[2], text.size() ^ key_[3]);
+    if (text.size() < 4) return static_cast<std::size_t>(HashShort(text));
+    const std::uint64_t hash = HashWords(text.data(), text.size());
+    return static_cast<std::size_t>(Fold(hash ^ key_[2], text.size() ^ key_[3]));
   }
   std::size_t operator()(const s_str& text) const { return (*this)(text.GetView()); }
 
  private:
-  __extension__ using Product = unsigned __int128;
-
   static const Key& GetProcessKey();
 
   static std::uint64_t Fold(std::uint64_t a, std::uint64_t b) {
-    const Product product = Product{a} * b;
-    return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
+    const Wide product = Multiply(a, b);
+    return product.low ^ product.high;
   }
 
   template <class Word>

@@ -1,12 +1,10 @@
 #include "complex.h"
 
+#include <mirlow/number_text.h>
+#include <mirlow/state.h>
+
 #include <cmath>
 #include <functional>
-
-#include "interpreter/messages.h"
-#include "interpreter/state.h"
-#include "types/scalar_literal.h"
-#include "utils/s_str_convert.h"
 
 using Quarn::Call;
 using Quarn::Copy;
@@ -35,7 +33,15 @@ constexpr auto kDivide = [](const auto& left, const auto& right,
   return left / right;
 };
 
-std::string WriteReal(double x) { return Quarn::ToText(Quarn::s_double(x)).Take(); }
+// A number as it can be read again: no literal has a sign in its exponent.
+std::string WritePart(double x, const char* unit) {
+  const std::string text = Quarn::ToText(Quarn::s_double(x)).Take();
+  const std::size_t e = text.find('e');
+  if (e == std::string::npos) return text + unit;
+  const std::string exponent = text.substr(e + 2);
+  if (text[e + 1] == '+') return text.substr(0, e) + "e" + exponent + unit;  // 2e30i
+  return text.substr(0, e) + unit + "/1e" + exponent;                        // 2i/1e05
+}
 
 }  // namespace
 
@@ -88,5 +94,5 @@ std::optional<Number> Complex::Read(std::string_view text) {
 
 std::string Complex::Write(const Number& value) {
   const std::string sign = std::signbit(value.imag()) ? "-" : "+";
-  return WriteReal(value.real()) + sign + WriteReal(std::abs(value.imag())) + "i";
+  return WritePart(value.real(), "") + sign + WritePart(std::abs(value.imag()), "i");
 }

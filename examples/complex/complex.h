@@ -3,12 +3,12 @@
 //   state.ProcessLine("(1+2i)*(1-2i)");  // Complex : 5+0i
 #pragma once
 
+#include <mirlow/holder.h>
+
 #include <complex>
 #include <optional>
 #include <string>
 #include <string_view>
-
-#include "types/holder.h"
 
 class Complex final : public Quarn::Holder<Complex, std::complex<double>> {
  public:

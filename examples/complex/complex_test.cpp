@@ -1,11 +1,11 @@
 // Tests of complex numbers: lines as they are typed, and what is printed.
 #include "complex.h"
 
+#include <mirlow/state.h>
+#include <mirlow/vector.h>
+
 #include <iostream>
 #include <sstream>
-
-#include "interpreter/state.h"
-#include "types/vector.h"
 
 namespace {
 
@@ -64,6 +64,14 @@ constexpr Row kRows[] = {
     {"<1, 1i>",
      "\tError : Non-homogeneous Vectors are not allowed.\n"
      "\t        Trying to mix Scalar with Complex\n"},
+
+    // An operation that must wait keeps its operands as texts, which are read once it can be done.
+    {"r&=w;s=r*(2+1i/100000);w=1i;s-s*0.5",
+     "\tDefining Reference : r = w\n\tDefining Reference : s = (w)*(2+1i/1e05)\n"
+     "\tDefining Complex : w = 0+1i\n\tComplex : -5/1e06+1i\n"},
+    {"-5/1e06+1i", "\tComplex : -5/1e06+1i\n"},
+    {"1e30*1i", "\tComplex : 0+1e30i\n"},
+    {"0+1e30i", "\tComplex : 0+1e30i\n"},
 };
 // clang-format on
 

@@ -1,11 +1,11 @@
 // The integral of a formula in x that a stranger typed, by the midpoint rule.
 //   integral "4/(1+x*x)" 0 1      3.14159...
+#include <mirlow/state.h>
+#include <mirlow/vector.h>
+
 #include <cstdlib>
 #include <iostream>
 #include <sstream>
-
-#include "interpreter/state.h"
-#include "types/vector.h"
 
 namespace {
 

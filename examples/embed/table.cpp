@@ -1,13 +1,13 @@
 // A program that computes with text from its user: the values of a formula in x, one per line.
 //   table "x*x-1" 0 4
+#include <mirlow/lift.h>
+#include <mirlow/state.h>
+#include <mirlow/value.h>
+#include <mirlow/vector.h>
+
 #include <cstdlib>
 #include <iostream>
 #include <sstream>
-
-#include "interpreter/state.h"
-#include "types/lift.h"
-#include "types/value.h"
-#include "types/vector.h"
 
 namespace {
 

@@ -1,10 +1,11 @@
 // A type with one operator, all in one file: a text, written 'abc, and "+", which joins two.
+#include <mirlow/holder.h>
+#include <mirlow/state.h>
+#include <mirlow/value.h>
+
 #include <functional>
 #include <iostream>
 #include <sstream>
-
-#include "interpreter/state.h"
-#include "types/holder.h"
 
 namespace {
 
@@ -35,5 +36,8 @@ int main() {
   state.ProcessLine("a='dew;a+'drop");
   std::cout << out.str();
   const bool printed = out.str() == "\tDefining Text : a = 'dew\n\tText : 'dewdrop\n";
-  return printed && !state.Compute("a+1") ? 0 : 1;
+  // An operation that must wait keeps 'drop as it is written, and reads it later.
+  state.ProcessLine("r&=later;s=r+'drop;later='rain");
+  const bool waited = Quarn::ToText(state.Compute("s").value) == "'raindrop";
+  return printed && waited && !state.Compute("a+1") ? 0 : 1;
 }

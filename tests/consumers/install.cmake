@@ -1,6 +1,7 @@
-# Installs a build below a prefix that is made new. With -D source=<tree>, first builds the shared
-# library and the program from it, unoptimised and as a unity build, which is quicker.
-#   cmake -D build=<directory> -D prefix=<directory> [-D source= -D compiler=] -P install.cmake
+# Installs a build below a prefix that is made new. With -D source=<tree>, first builds the library
+# and the program from it, unoptimised and as a unity build, which is quicker.
+#   cmake -D build=<directory> -D prefix=<directory>
+#         [-D source=<tree> -D compiler=<c++> -D options=<of cmake>] -P install.cmake
 cmake_minimum_required(VERSION 3.21)
 
 function(run)
@@ -8,8 +9,8 @@ function(run)
 endfunction()
 
 if(source)
-  run(${CMAKE_COMMAND} -S ${source} -B ${build} -DBUILD_SHARED_LIBS=ON -DCMAKE_BUILD_TYPE=Debug -DCMAKE_UNITY_BUILD=ON
-    -DCMAKE_CXX_COMPILER=${compiler} -DCMAKE_CXX_FLAGS=-O0)
+  run(${CMAKE_COMMAND} -S ${source} -B ${build} -DCMAKE_BUILD_TYPE=Debug -DCMAKE_UNITY_BUILD=ON
+    -DCMAKE_CXX_COMPILER=${compiler} ${options})
   run(${CMAKE_COMMAND} --build ${build})
 endif()
 file(REMOVE_RECURSE ${prefix} ${prefix}.elsewhere)

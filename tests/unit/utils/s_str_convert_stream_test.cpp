@@ -148,7 +148,7 @@ TEST(SStrConvertStream, ReadsRandomTextsAsAStreamDoes) {
   for (int i = 0; i < 400000 && !HasFailure(); ++i) {
     std::string text;
     for (auto length = random() % 12; length > 0; --length) {
-      text += kCharacters[random() % kCharacters.size()];
+      text += kCharacters[static_cast<std::size_t>(random() % kCharacters.size())];
     }
     ExpectReadAlike(stream, text);
   }
@@ -161,7 +161,8 @@ TEST(SStrConvertStream, ReadsLongTextsAsAStreamDoes) {
   for (int i = 0; i < 3000 && !HasFailure(); ++i) {
     std::string text;
     for (auto length = random() % 1000; length > 0; --length) {
-      text += kCharacters[random() % (text.size() % 97 ? 15 : kCharacters.size())];
+      const std::size_t most = text.size() % 97 ? 15 : kCharacters.size();
+      text += kCharacters[static_cast<std::size_t>(random() % most)];
     }
     ExpectReadAlike(stream, text);
   }

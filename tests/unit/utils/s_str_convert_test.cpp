@@ -85,7 +85,8 @@ TEST(SStrConvert, IntegersToText) {
   EXPECT_EQ(ToText(s_uint(0U)).Get(), "0");
   EXPECT_EQ(ToText(s_uint(42U)).Get(), "42");
   EXPECT_EQ(ToText(s_uint(4294967295U)).Get(), "4294967295");
-  EXPECT_EQ(ToText(s_ulong(18446744073709551615UL)).Get(), "18446744073709551615");
+  constexpr unsigned long kLargest = std::numeric_limits<unsigned long>::max();
+  EXPECT_EQ(ToText(s_ulong(kLargest)).Get(), std::to_string(kLargest));
   EXPECT_EQ(ToText(s_int(-2147483647 - 1)).Get(), "-2147483648");
   EXPECT_EQ(ToText(s_uint::INF).Get(), "inf");
   EXPECT_EQ(ToText(s_uint::NaN).Get(), "nan");
@@ -195,9 +196,10 @@ TEST(SStrConvert, TextToUint) {
 }
 
 TEST(SStrConvert, TextToUlong) {
-  EXPECT_EQ(ToUlong("4294967296").Get(), 4294967296UL);
-  EXPECT_EQ(ToUlong("18446744073709551615").Get(), 18446744073709551615UL);
-  EXPECT_EQ(ToUlong("18446744073709551616").Get(), 18446744073709551615UL);
+  constexpr unsigned long kLargest = std::numeric_limits<unsigned long>::max();
+  EXPECT_EQ(ToUlong("4294967295").Get(), 4294967295UL);
+  EXPECT_EQ(ToUlong(std::to_string(kLargest)).Get(), kLargest);
+  EXPECT_EQ(ToUlong("18446744073709551616").Get(), kLargest);
   EXPECT_EQ(ToUlong("x").Get(), 0UL);
 }
 

@@ -1,0 +1,142 @@
+// States and their symbols in C.
+#include "c/handles.h"
+#include "interpreter/version.h"
+#include "types/value.h"
+#include "types/vector.h"
+
+using Quarn::Failure;
+using Quarn::Guarded;
+using Quarn::HandOut;
+using Quarn::Limits;
+using Quarn::Result;
+
+// The kinds are the same ones in C.
+static_assert(static_cast<int>(Failure::kNone) == MIRLOW_NO_FAILURE);
+static_assert(static_cast<int>(Failure::kForm) == MIRLOW_FORM);
+static_assert(static_cast<int>(Failure::kUnknownName) == MIRLOW_UNKNOWN_NAME);
+static_assert(static_cast<int>(Failure::kNoMatch) == MIRLOW_NO_MATCH);
+static_assert(static_cast<int>(Failure::kValue) == MIRLOW_VALUE);
+static_assert(static_cast<int>(Failure::kRing) == MIRLOW_RING);
+static_assert(static_cast<int>(Failure::kMemory) == MIRLOW_MEMORY);
+static_assert(static_cast<int>(Failure::kNesting) == MIRLOW_NESTING);
+static_assert(static_cast<int>(Failure::kSteps) == MIRLOW_STEPS);
+static_assert(static_cast<int>(Failure::kOutput) == MIRLOW_OUTPUT);
+static_assert(static_cast<int>(Failure::kInterrupted) == MIRLOW_INTERRUPTED);
+
+mirlow_state::mirlow_state() { Quarn::Vector::Register(state); }
+
+mirlow_status mirlow_state::Fail(Result result) {
+  error_text = std::move(result.error);
+  error = {static_cast<mirlow_failure>(result.failure), error_text.c_str(), result.place.position,
+           result.place.length};
+  return MIRLOW_FAILED;
+}
+
+const char* mirlow_version(void) { return Quarn::GetVersion(); }
+
+mirlow_state* mirlow_new(void) {
+  mirlow_state* state = nullptr;
+  Guarded([&] {
+    state = new mirlow_state;
+    return MIRLOW_OK;
+  });
+  return state;
+}
+
+void mirlow_free(mirlow_state* state) { delete state; }
+
+const mirlow_error* mirlow_last_error(const mirlow_state* state) {
+  static constexpr mirlow_error kNone = {MIRLOW_NO_FAILURE, "", 0, 0};
+  return state ? &state->error : &kNone;
+}
+
+mirlow_status mirlow_evaluate(mirlow_state* state, const char* expression, mirlow_value** value) {
+  if (!state || !expression || !value) return MIRLOW_BAD_ARGUMENT;
+  return Guarded([&] {
+    Result result = state->state.Compute(expression);
+    return result ? HandOut(std::move(result.value), value) : state->Fail(std::move(result));
+  });
+}
+
+mirlow_status mirlow_set_limits(mirlow_state* state, const mirlow_limits* limits) {
+  if (!state || !limits) return MIRLOW_BAD_ARGUMENT;
+  const auto limit = [](unsigned long long most) { return most ? most : Limits::kNone; };
+  Limits set;
+  set.steps = limit(limits->steps);
+  set.memory = limit(limits->memory);
+  set.output = limit(limits->output);
+  set.nesting = limit(limits->nesting);
+  set.ends_the_endless = limits->ends_the_endless != 0;
+  state->state.SetLimits(set);
+  return MIRLOW_OK;
+}
+
+void mirlow_interrupt(mirlow_state* state) {
+  if (state) state->state.Interrupt();
+}
+
+mirlow_status mirlow_set_output(mirlow_state* state, mirlow_write write, void* user) {
+  if (!state) return MIRLOW_BAD_ARGUMENT;
+  state->buffer.SetTarget(write, user);
+  return MIRLOW_OK;
+}
+
+mirlow_status mirlow_process_line(mirlow_state* state, const char* line) {
+  if (!state || !line) return MIRLOW_BAD_ARGUMENT;
+  return Guarded([&] {
+    state->in.clear();
+    state->out.clear();  // of what a host threw while it was written to
+    state->state.ProcessLine(line);
+    return MIRLOW_OK;
+  });
+}
+
+// ---- Symbols ----
+
+mirlow_status mirlow_set(mirlow_state* state, const char* name, const mirlow_value* value) {
+  if (!state || !name || !value) return MIRLOW_BAD_ARGUMENT;
+  return Guarded([&] {
+    Result result = state->state.SetSymbol(name, value->value);
+    return result ? MIRLOW_OK : state->Fail(std::move(result));
+  });
+}
+
+mirlow_status mirlow_set_number(mirlow_state* state, const char* name, double number) {
+  if (!state || !name) return MIRLOW_BAD_ARGUMENT;
+  return Guarded([&] {
+    Result result = state->state.SetSymbol(name, Quarn::FromNumber(number));
+    return result ? MIRLOW_OK : state->Fail(std::move(result));
+  });
+}
+
+mirlow_status mirlow_set_reference(mirlow_state* state, const char* name, const char* expression) {
+  if (!state || !name || !expression) return MIRLOW_BAD_ARGUMENT;
+  return Guarded([&] {
+    Result result = state->state.SetReference(name, expression);
+    return result ? MIRLOW_OK : state->Fail(std::move(result));
+  });
+}
+
+mirlow_status mirlow_get(mirlow_state* state, const char* name, mirlow_value** value) {
+  if (!state || !name || !value) return MIRLOW_BAD_ARGUMENT;
+  return Guarded([&] {
+    const Quarn::s_refptr<Quarn::Symbol> symbol = state->state.GetSymbol(name);
+    return symbol ? HandOut(symbol->Clone(), value) : MIRLOW_NOT_FOUND;
+  });
+}
+
+mirlow_status mirlow_erase(mirlow_state* state, const char* name) {
+  if (!state || !name) return MIRLOW_BAD_ARGUMENT;
+  return Guarded([&] { return state->state.EraseSymbol(name) ? MIRLOW_OK : MIRLOW_NOT_FOUND; });
+}
+
+mirlow_status mirlow_get_name(mirlow_state* state, size_t index, const char** name) {
+  if (!state || !name) return MIRLOW_BAD_ARGUMENT;
+  return Guarded([&] {
+    const Quarn::s_ctnr<Quarn::s_str> names = state->state.GetSymbolNames();
+    if (index >= names.GetSize().Get()) return MIRLOW_NOT_FOUND;
+    state->name = names[static_cast<unsigned int>(index)].Get();
+    *name = state->name.c_str();
+    return MIRLOW_OK;
+  });
+}

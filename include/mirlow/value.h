@@ -1,0 +1,4 @@
+// Values as plain C++, in and out.
+#pragma once
+
+#include "types/value.h"

@@ -1,0 +1,4 @@
+// Vector, which a State knows once it is registered.
+#pragma once
+
+#include "types/vector.h"

@@ -1,0 +1,1 @@
+set(public_headers utils/shown.h utils/shown_too.h)

@@ -1,0 +1,5 @@
+// An installed header.
+#pragma once
+
+#include "low.h"
+#include "utils/shown_too.h"

@@ -1,0 +1,2 @@
+// Another one.
+#pragma once
