@@ -7,57 +7,82 @@
 namespace Quarn {
 
 const std::string_view kUsage =
-    "Usage: mirlow-shell [-e COMMANDS]... [FILE]...\n"
+    "Usage: mirlow-shell [OPTION]... [-e COMMANDS]... [FILE]...\n"
     "Calculates with numbers, vectors and references.\n"
     "\n"
-    "Without arguments it talks with you at a terminal, or runs what comes through a\n"
-    "pipe. Otherwise it runs commands and scripts in the order given.\n"
+    "Without commands and files it talks with you at a terminal, or runs what comes\n"
+    "through a pipe. Otherwise it runs commands and scripts in the order given.\n"
     "\n"
     "  FILE               run the lines of a script; - is standard input\n"
     "  -e, --execute=COMMANDS\n"
     "                     run these commands, separated by \";\" or newlines\n"
+    "      --plain        print the values of expressions and queries alone\n"
+    "      --json         print an object of JSON for each command\n"
+    "      --stop-on-error\n"
+    "                     run nothing after a command that reported an error\n"
     "  -h, --help         show this text\n"
     "  -V, --version      show the version\n"
     "\n"
     "Exit status: 0; 1 when a command reported an error; 2 when the arguments make no\n"
-    "sense or a file cannot be read.\n";
+    "sense, a file cannot be read, or output cannot be written.\n";
 
 namespace {
 
 constexpr char kShortOptions[] = "-e:hV";  // "-": other arguments come in their order, as option 1
 
+// Options without a short form.
+enum { kPlainOption = 256, kJsonOption, kStopOnErrorOption };
+
 constexpr option kLongOptions[] = {
-    {"execute", required_argument, nullptr, 'e'},
-    {"help",    no_argument,       nullptr, 'h'},
-    {"version", no_argument,       nullptr, 'V'},
-    {nullptr,   0,                 nullptr, 0  },
+    {"execute",       required_argument, nullptr, 'e'               },
+    {"plain",         no_argument,       nullptr, kPlainOption      },
+    {"json",          no_argument,       nullptr, kJsonOption       },
+    {"stop-on-error", no_argument,       nullptr, kStopOnErrorOption},
+    {"help",          no_argument,       nullptr, 'h'               },
+    {"version",       no_argument,       nullptr, 'V'               },
+    {nullptr,         0,                 nullptr, 0                 },
 };
+
+void ApplyOption(int option, CommandLine& line) {
+  using Action = CommandLine::Action;
+  switch (option) {
+    case 1:
+      line.tasks.push_back({Task::kFile, optarg});
+      break;
+    case 'e':
+      line.tasks.push_back({Task::kCommands, optarg});
+      break;
+    case kPlainOption:
+      line.format = Format::kPlain;
+      break;
+    case kJsonOption:
+      line.format = Format::kJson;
+      break;
+    case kStopOnErrorOption:
+      line.stops_on_error = true;
+      break;
+    case 'h':
+      line.action = Action::kShowHelp;
+      break;
+    case 'V':
+      line.action = Action::kShowVersion;
+      break;
+    default:
+      std::cerr << "Try 'mirlow-shell --help'.\n";
+      line.action = Action::kReject;
+      break;
+  }
+}
 
 }  // namespace
 
 CommandLine ReadCommandLine(int count, char** values) {
   CommandLine line;
   optind = 0;  // from the start, whoever read arguments before
-  for (int found;
-       (found = getopt_long(count, values, kShortOptions, kLongOptions, nullptr)) >= 0;) {
-    switch (found) {
-      case 1:
-        line.tasks.push_back({Task::kFile, optarg});
-        break;
-      case 'e':
-        line.tasks.push_back({Task::kCommands, optarg});
-        break;
-      case 'h':
-        line.action = CommandLine::Action::kShowHelp;
-        return line;
-      case 'V':
-        line.action = CommandLine::Action::kShowVersion;
-        return line;
-      default:
-        std::cerr << "Try 'mirlow-shell --help'.\n";
-        line.action = CommandLine::Action::kReject;
-        return line;
-    }
+  while (line.action == CommandLine::Action::kRun) {
+    const int found = getopt_long(count, values, kShortOptions, kLongOptions, nullptr);
+    if (found < 0) break;
+    ApplyOption(found, line);
   }
   for (; optind < count; ++optind) line.tasks.push_back({Task::kFile, values[optind]});
   return line;

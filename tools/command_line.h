@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/report_writer.h"
+
 namespace Quarn {
 
 struct Task {
@@ -19,6 +21,8 @@ struct CommandLine {
   enum class Action { kRun, kShowHelp, kShowVersion, kReject };
   Action action = Action::kRun;
   std::vector<Task> tasks;  // in the order given
+  Format format = Format::kText;
+  bool stops_on_error = false;
 };
 
 extern const std::string_view kUsage;

@@ -1,20 +1,20 @@
 #include "tools/session.h"
 
-#include "interpreter/state.h"
 #include "tools/line_reader.h"
+#include "tools/runner.h"
 
 namespace Quarn {
 
-void RunSession(State& state, LineReader& reader, std::istream& answers) {
+void RunSession(Runner& runner, LineReader& reader) {
   std::string line;
   while (true) {
     const LineReader::Outcome outcome = reader.Read(line);
     if (outcome == LineReader::Outcome::kEnd) return;
     if (outcome == LineReader::Outcome::kAbandoned || line.empty()) continue;
     if (line == "q" || line == "exit") return;
-    state.ProcessLine(line);
-    state.Flush();
-    answers.clear();
+    const bool goes_on = runner.RunLine(line, {});
+    runner.Flush();
+    if (!goes_on) return;
   }
 }
 

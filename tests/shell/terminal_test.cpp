@@ -82,15 +82,35 @@ TEST_P(AnyShell, AsksBeforeItErasesAll) {
   EXPECT_TRUE(Answers("?x", "\tError : Unknown symbol 'x'\r\n"));
 }
 
-// The end of input is the empty answer; it answers one question, not all that come after it.
-TEST_P(AnyShell, AsksAgainAfterControlDAtAQuestion) {
+// Neither ends the session, nor answers the question after this one.
+TEST_P(AnyShell, TakesControlCAndControlDAtAQuestionForNo) {
+  EXPECT_TRUE(Answers("x=1", "x = 1\r\n"));
+  for (const std::string_view key : {Terminal::kControlC, Terminal::kControlD}) {
+    EXPECT_TRUE(Answers("~", "Are you sure ? ([y|Enter]/n) "));
+    terminal_.Type(key);
+    EXPECT_TRUE(Answers("?x", "\tScalar : x = 1\r\n"));
+  }
   EXPECT_TRUE(Answers("~", "Are you sure ? ([y|Enter]/n) "));
-  terminal_.Type(Terminal::kControlD);
+  terminal_.Type("\n");
   EXPECT_TRUE(terminal_.Shows("\tAll symbols erased\r\n"));
+}
+
+// What was typed of an answer does not become a line.
+TEST_P(AnyShell, ForgetsAnAnswerThatControlCEnds) {
   EXPECT_TRUE(Answers("x=1", "x = 1\r\n"));
   EXPECT_TRUE(Answers("~", "Are you sure ? ([y|Enter]/n) "));
-  terminal_.Type("n\n");
+  terminal_.Type("y");
+  ASSERT_TRUE(terminal_.Shows("y"));
+  terminal_.Type(Terminal::kControlC);
   EXPECT_TRUE(Answers("?x", "\tScalar : x = 1\r\n"));
+}
+
+// A script that is run at a terminal asks there.
+TEST_P(AnyShell, TakesControlDAtTheQuestionOfAScriptForNo) {
+  Terminal terminal({GetParam(), "-e", "x=1;~;?x"}, directory_.PathOf(""));
+  ASSERT_TRUE(terminal.Shows("Are you sure ? ([y|Enter]/n) "));
+  terminal.Type(Terminal::kControlD);
+  EXPECT_TRUE(terminal.Shows("\tScalar : x = 1\r\n"));
 }
 
 class EditingShell : public testing::Test {

@@ -1,0 +1,52 @@
+// Runner owns the State of a shell. It carries out lines, command by command, and shows what each
+// one did.
+//   Runner runner({.format = Format::kPlain}, *std::cout.rdbuf(), std::cin);
+//   runner.RunLine("x=1;x+1", {"loan.mirlow", 3});  // 2
+#pragma once
+
+#include <istream>
+#include <ostream>
+#include <string_view>
+
+#include "interpreter/state.h"
+#include "tools/capture.h"
+#include "tools/report_writer.h"
+
+namespace Quarn {
+
+class Runner {
+ public:
+  struct Options {
+    Format format = Format::kText;
+    bool stops_on_error = false;
+    // Standard output and standard error are the same: an error is shown once, with its place.
+    bool errors_join_output = false;
+    // Questions are answered at a terminal, where Ctrl-C means no.
+    bool asks_at_terminal = false;
+  };
+
+  // `out` must outlive it; so must `answers`, the State's input for questions.
+  Runner(const Options& options, std::streambuf& out, std::istream& answers);
+
+  State& GetState() { return state_; }
+
+  // False when nothing more is to be run, since a command failed.
+  bool RunLine(std::string_view line, Source source);
+  // False when something could not be written.
+  bool Flush();
+  bool HasSeenError() const { return has_seen_error_; }
+
+ private:
+  void RunCommand(std::string_view command, const Source& source);
+  void Show(std::string_view command, const Source& source);
+  void ShowText(const Source& source);
+
+  Options options_;
+  std::ostream out_;
+  Capture capture_;
+  std::ostream captured_;
+  State state_;
+  bool has_seen_error_ = false;
+};
+
+}  // namespace Quarn
