@@ -20,6 +20,7 @@ const std::string_view kUsage =
     "      --json         print an object of JSON for each command\n"
     "      --stop-on-error\n"
     "                     run nothing after a command that reported an error\n"
+    "      --color=WHEN   use colours: auto (at a terminal), always or never\n"
     "  -h, --help         show this text\n"
     "  -V, --version      show the version\n"
     "\n"
@@ -31,17 +32,36 @@ namespace {
 constexpr char kShortOptions[] = "-e:hV";  // "-": other arguments come in their order, as option 1
 
 // Options without a short form.
-enum { kPlainOption = 256, kJsonOption, kStopOnErrorOption };
+enum { kPlainOption = 256, kJsonOption, kStopOnErrorOption, kColourOption };
 
 constexpr option kLongOptions[] = {
     {"execute",       required_argument, nullptr, 'e'               },
     {"plain",         no_argument,       nullptr, kPlainOption      },
     {"json",          no_argument,       nullptr, kJsonOption       },
     {"stop-on-error", no_argument,       nullptr, kStopOnErrorOption},
+    {"color",         optional_argument, nullptr, kColourOption     },
     {"help",          no_argument,       nullptr, 'h'               },
     {"version",       no_argument,       nullptr, 'V'               },
     {nullptr,         0,                 nullptr, 0                 },
 };
+
+void Reject(CommandLine& line) {
+  std::cerr << "Try 'mirlow-shell --help'.\n";
+  line.action = CommandLine::Action::kReject;
+}
+
+void ApplyColour(const std::string& when, CommandLine& line) {
+  if (when == "auto") {
+    line.colour = ColourUse::kAuto;
+  } else if (when == "always") {
+    line.colour = ColourUse::kAlways;
+  } else if (when == "never") {
+    line.colour = ColourUse::kNever;
+  } else {
+    std::cerr << "mirlow-shell: '" << when << "' is none of auto, always, never\n";
+    Reject(line);
+  }
+}
 
 void ApplyOption(int option, CommandLine& line) {
   using Action = CommandLine::Action;
@@ -61,6 +81,9 @@ void ApplyOption(int option, CommandLine& line) {
     case kStopOnErrorOption:
       line.stops_on_error = true;
       break;
+    case kColourOption:
+      ApplyColour(optarg ? optarg : "always", line);
+      break;
     case 'h':
       line.action = Action::kShowHelp;
       break;
@@ -68,8 +91,7 @@ void ApplyOption(int option, CommandLine& line) {
       line.action = Action::kShowVersion;
       break;
     default:
-      std::cerr << "Try 'mirlow-shell --help'.\n";
-      line.action = Action::kReject;
+      Reject(line);
       break;
   }
 }

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/colours.h"
 #include "tools/report_writer.h"
 
 namespace Quarn {
@@ -23,6 +24,7 @@ struct CommandLine {
   std::vector<Task> tasks;  // in the order given
   Format format = Format::kText;
   bool stops_on_error = false;
+  ColourUse colour = ColourUse::kAuto;
 };
 
 extern const std::string_view kUsage;

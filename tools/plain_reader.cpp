@@ -27,7 +27,7 @@ class PlainReader : public LineReader {
 
 }  // namespace
 
-std::unique_ptr<LineReader> NewLineReader(const State&, TerminalInput& input) {
+std::unique_ptr<LineReader> NewLineReader(const State&, TerminalInput& input, bool) {
   return std::make_unique<PlainReader>(input);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iostream>
 
+#include "tools/colours.h"
 #include "tools/interrupts.h"
 #include "types/vector.h"
 
@@ -53,7 +54,11 @@ void Runner::ShowText(const Source& source) {
   const std::string_view output = capture_.GetRest();
   const bool needs_place = !source.name.empty() && IsError(output);
   if (needs_place && options_.errors_join_output) out_ << source.name << ':' << source.line << ':';
-  out_.write(output.data(), static_cast<std::streamsize>(output.size()));
+  if (options_.is_coloured) {
+    out_ << AddColours(output);
+  } else {
+    out_.write(output.data(), static_cast<std::streamsize>(output.size()));
+  }
   if (needs_place && !options_.errors_join_output) {
     WriteMessage(std::cerr, JoinLines(output), source);
   }

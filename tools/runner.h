@@ -21,6 +21,7 @@ class Runner {
     bool stops_on_error = false;
     // Standard output and standard error are the same: an error is shown once, with its place.
     bool errors_join_output = false;
+    bool is_coloured = false;
     // Questions are answered at a terminal, where Ctrl-C means no.
     bool asks_at_terminal = false;
   };
@@ -29,6 +30,7 @@ class Runner {
   Runner(const Options& options, std::streambuf& out, std::istream& answers);
 
   State& GetState() { return state_; }
+  const State& GetState() const { return state_; }
 
   // False when nothing more is to be run, since a command failed.
   bool RunLine(std::string_view line, Source source);

@@ -6,7 +6,7 @@ namespace Quarn {
 class LineReader;
 class Runner;
 
-// Runs line by line until "q", "exit" or the end of input.
-void RunSession(Runner& runner, LineReader& reader);
+// Runs line by line until "q", "exit" or the end of input. Says at first how to get help.
+void RunSession(Runner& runner, LineReader& reader, bool is_coloured);
 
 }  // namespace Quarn

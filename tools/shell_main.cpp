@@ -34,7 +34,11 @@ bool ErrorsJoinOutput() {
 }
 
 Runner::Options OptionsOf(const CommandLine& line) {
-  return {line.format, line.stops_on_error, ErrorsJoinOutput(), isatty(STDIN_FILENO) != 0};
+  return {.format = line.format,
+          .stops_on_error = line.stops_on_error,
+          .errors_join_output = ErrorsJoinOutput(),
+          .is_coloured = UsesColour(line.colour),
+          .asks_at_terminal = isatty(STDIN_FILENO) != 0};
 }
 
 Status FinishOutput() {
@@ -55,7 +59,8 @@ Status Talk(const CommandLine& line) {
   std::istream answers(&buffer);
   Runner runner(OptionsOf(line), *std::cout.rdbuf(), answers);
   Interrupts::Catch(nullptr);
-  RunSession(runner, *NewLineReader(runner.GetState(), terminal));
+  const bool is_coloured = UsesColour(line.colour);
+  RunSession(runner, *NewLineReader(runner.GetState(), terminal, is_coloured), is_coloured);
   return Finish(runner);
 }
 

@@ -1,6 +1,5 @@
 // Tests of the shell without a terminal: standard input, scripts, commands, and its exit status.
 #include <gtest/gtest.h>
-
 #include <sys/stat.h>
 
 #include <csignal>

@@ -7,6 +7,7 @@
 #include <csignal>
 #include <filesystem>
 
+#include "interpreter/version.h"
 #include "tests/support/temporary_directory.h"
 
 namespace Quarn {
@@ -43,6 +44,31 @@ TEST_P(AnyShell, LeavesByControlDAndTellsOfErrors) {
   ASSERT_TRUE(terminal_.Shows("> "));
   terminal_.Type(Terminal::kControlD);
   EXPECT_EQ(terminal_.Wait(), 1);
+}
+
+TEST_P(AnyShell, SaysHowToGetHelp) {
+  EXPECT_TRUE(
+      terminal_.Shows(std::string("mirlow ") + kVersion + ": ? for help, Ctrl-D to leave\r\n"));
+}
+
+// They become symbols for who insists.
+TEST_P(AnyShell, HintsAtWhatWasMeant) {
+  const struct {
+    const char* line;
+    const char* output;
+  } kRows[] = {
+      {"help",   "For help, type ?. To define a symbol 'help', type it once more.\r\n"},
+      {"help",   "\tDefining Symbol : help\r\n"                                       },
+      {"help",   "\tSymbol : help\r\n"                                                },
+      {"exit ",  "To leave, type q, or press Ctrl-D. To define a symbol 'exit'"       },
+      {"1",      "\tScalar : 1\r\n"                                                   },
+      {"exit ",  "To leave, type q, or press Ctrl-D. To define a symbol 'exit'"       },
+      {"exit ",  "\tDefining Symbol : exit\r\n"                                       },
+      {"quit",   "To leave, type q, or press Ctrl-D. To define a symbol 'quit'"       },
+      {"quit=1", "\tDefining Scalar : quit = 1\r\n"                                   },
+      {"quit",   "\tScalar : 1\r\n"                                                   },
+  };
+  for (const auto& row : kRows) EXPECT_TRUE(Answers(row.line, row.output)) << row.line;
 }
 
 TEST_P(AnyShell, LeavesByTheQuitWords) {
@@ -148,9 +174,20 @@ TEST_F(EditingShell, ListsWhatCouldBeMeant) {
   Terminal terminal({MIRLOW_PROGRAM}, directory_.PathOf(""));
   ASSERT_TRUE(terminal.Shows("> "));
   terminal.Type("round\t");
-  EXPECT_TRUE(terminal.Shows("round(  round_down(  round_up("));
+  for (const char* name : {"round(", "round_down(", "round_up("}) EXPECT_TRUE(terminal.Shows(name));
   terminal.Type("(2.5)\n");
   EXPECT_TRUE(terminal.Shows("\tScalar : 3\r\n"));
+}
+
+TEST_F(EditingShell, ShowsHowToCallAFunction) {
+  Terminal terminal({MIRLOW_PROGRAM}, directory_.PathOf(""));
+  ASSERT_TRUE(terminal.Shows("> "));
+  terminal.Type("ran\t\t");
+  EXPECT_TRUE(terminal.Shows("rand()"));
+  EXPECT_TRUE(terminal.Shows("rand(Scalar, Scalar)"));
+  EXPECT_TRUE(terminal.Shows("> rand("));
+  terminal.Type("5, 5)\n");
+  EXPECT_TRUE(terminal.Shows("\tScalar : 5\r\n"));
 }
 
 TEST_F(EditingShell, RemembersLinesFromRunToRun) {

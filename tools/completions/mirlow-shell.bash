@@ -1,12 +1,14 @@
 # bash completion for mirlow-shell
 _mirlow_shell() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-  local options="--execute= --plain --json --stop-on-error --help --version"
+  local options="--execute= --plain --json --stop-on-error --color= --help --version"
   COMPREPLY=()
   case $previous in
     -e | --execute) return ;;
   esac
-  if [[ $current == -* ]]; then
+  if [[ $previous == --color && $current == = ]]; then
+    COMPREPLY=(auto always never)
+  elif [[ $current == -* ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
     [[ ${COMPREPLY[0]-} == *= ]] && compopt -o nospace
   else
