@@ -20,6 +20,9 @@ const std::string_view kUsage =
     "      --json         print an object of JSON for each command\n"
     "      --stop-on-error\n"
     "                     run nothing after a command that reported an error\n"
+    "      --record=FILE  append each command that was accepted to a file\n"
+    "      --watch=FILE   show the symbols of a script, anew whenever it is saved\n"
+    "      --no-init      do not run the startup file, mirlow/init in ~/.config\n"
     "      --color=WHEN   use colours: auto (at a terminal), always or never\n"
     "  -h, --help         show this text\n"
     "  -V, --version      show the version\n"
@@ -32,13 +35,24 @@ namespace {
 constexpr char kShortOptions[] = "-e:hV";  // "-": other arguments come in their order, as option 1
 
 // Options without a short form.
-enum { kPlainOption = 256, kJsonOption, kStopOnErrorOption, kColourOption };
+enum {
+  kPlainOption = 256,
+  kJsonOption,
+  kStopOnErrorOption,
+  kRecordOption,
+  kWatchOption,
+  kNoInitOption,
+  kColourOption
+};
 
 constexpr option kLongOptions[] = {
     {"execute",       required_argument, nullptr, 'e'               },
     {"plain",         no_argument,       nullptr, kPlainOption      },
     {"json",          no_argument,       nullptr, kJsonOption       },
     {"stop-on-error", no_argument,       nullptr, kStopOnErrorOption},
+    {"record",        required_argument, nullptr, kRecordOption     },
+    {"watch",         required_argument, nullptr, kWatchOption      },
+    {"no-init",       no_argument,       nullptr, kNoInitOption     },
     {"color",         optional_argument, nullptr, kColourOption     },
     {"help",          no_argument,       nullptr, 'h'               },
     {"version",       no_argument,       nullptr, 'V'               },
@@ -81,6 +95,15 @@ void ApplyOption(int option, CommandLine& line) {
     case kStopOnErrorOption:
       line.stops_on_error = true;
       break;
+    case kRecordOption:
+      line.record = optarg;
+      break;
+    case kWatchOption:
+      line.watched = optarg;
+      break;
+    case kNoInitOption:
+      line.reads_init = false;
+      break;
     case kColourOption:
       ApplyColour(optarg ? optarg : "always", line);
       break;
@@ -105,6 +128,9 @@ CommandLine ReadCommandLine(int count, char** values) {
     const int found = getopt_long(count, values, kShortOptions, kLongOptions, nullptr);
     if (found < 0) break;
     ApplyOption(found, line);
+  }
+  if (line.action == CommandLine::Action::kRun && !line.watched.empty()) {
+    line.action = CommandLine::Action::kWatch;
   }
   for (; optind < count; ++optind) line.tasks.push_back({Task::kFile, values[optind]});
   return line;

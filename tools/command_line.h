@@ -19,12 +19,15 @@ struct Task {
 };
 
 struct CommandLine {
-  enum class Action { kRun, kShowHelp, kShowVersion, kReject };
+  enum class Action { kRun, kWatch, kShowHelp, kShowVersion, kReject };
   Action action = Action::kRun;
   std::vector<Task> tasks;  // in the order given
   Format format = Format::kText;
   bool stops_on_error = false;
   ColourUse colour = ColourUse::kAuto;
+  bool reads_init = true;
+  std::string record;   // a path; empty: nothing is recorded
+  std::string watched;  // a path
 };
 
 extern const std::string_view kUsage;

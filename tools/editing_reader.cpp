@@ -3,21 +3,25 @@
 #include <poll.h>
 #include <readline/history.h>
 #include <readline/readline.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <clocale>
 #include <csignal>
 #include <cstdlib>
+#include <optional>
 #include <sstream>
 
 #include "tools/brackets.h"
 #include "tools/colours.h"
+#include "tools/directories.h"
 #include "tools/editing_completion.h"
 #include "tools/editing_keys.h"
 #include "tools/history_file.h"
 #include "tools/interrupts.h"
 #include "tools/line_reader.h"
+#include "tools/symbol_rows.h"
 
 namespace Quarn {
 namespace {
@@ -43,31 +47,45 @@ void HandleSignals() {
   if (stops) rl_forced_update_display();
 }
 
+// Ctrl-C also drops what was typed before it, so that a read after a poll may find nothing: it must
+// not wait then, since the signals are blocked.
+void PrepareTerminal(int meta) {
+  rl_prep_terminal(meta);
+  termios modes = {};
+  if (tcgetattr(STDIN_FILENO, &modes) != 0) return;
+  modes.c_cc[VMIN] = 0;
+  modes.c_cc[VTIME] = 0;
+  tcsetattr(STDIN_FILENO, TCSADRAIN, &modes);
+}
+
+// A key; nothing when a signal came first, or the key was dropped.
+std::optional<int> PollKey() {
+  sigset_t none;
+  sigemptyset(&none);
+  pollfd waiting{STDIN_FILENO, POLLIN, 0};
+  if (ppoll(&waiting, 1, nullptr, &none) < 0) return std::nullopt;
+  unsigned char key = 0;
+  const ssize_t count = read(STDIN_FILENO, &key, 1);
+  if (count > 0) return key;
+  const bool is_over = (waiting.revents & POLLIN) == 0 || (count < 0 && errno != EINTR);
+  return is_over ? std::optional<int>(EOF) : std::nullopt;
+}
+
 // Signals that arrive between keys are handled at once. They are blocked until they are waited for,
 // so that none is overlooked.
-int ReadKey(FILE* stream) {
+int ReadKey(FILE*) {
   sigset_t all;
   sigset_t before;
-  sigset_t none;
   sigfillset(&all);
-  sigemptyset(&none);
-  int key = EOF;
   sigprocmask(SIG_BLOCK, &all, &before);
-  while (true) {
+  std::optional<int> key;
+  while (!key) {
     HandleSignals();
     sigprocmask(SIG_BLOCK, &all, nullptr);
-    if (Interrupts::WasPressed()) {
-      key = GetAbandonKey();
-      break;
-    }
-    pollfd waiting{fileno(stream), POLLIN, 0};
-    const int ready = ppoll(&waiting, 1, nullptr, &none);
-    if (ready < 0 && errno == EINTR) continue;
-    if (ready > 0) key = rl_getc(stream);
-    break;
+    key = Interrupts::WasPressed() ? GetAbandonKey() : PollKey();
   }
   sigprocmask(SIG_SETMASK, &before, nullptr);
-  return key;
+  return *key;
 }
 
 int Abandon(int, int) {
@@ -94,16 +112,37 @@ void Redisplay() {
   rl_mark = mark;
 }
 
+const State* shown_state = nullptr;
+std::vector<SymbolRow> shown_rows;
+bool is_table_coloured = false;
+
+int ShowSymbols(int, int) {
+  int rows = 0;
+  int columns = 0;
+  rl_get_screen_size(&rows, &columns);
+  std::vector<SymbolRow> symbols = ListSymbols(*shown_state);
+  rl_crlf();
+  const TableLook look = {static_cast<std::size_t>(columns), is_table_coloured};
+  for (const std::string& line : FormatTable(symbols, shown_rows, look))
+    std::fputs(line.c_str(), rl_outstream);
+  shown_rows = std::move(symbols);
+  rl_forced_update_display();
+  return 0;
+}
+
 void SetUp(bool is_coloured) {
   rl_readline_name = "mirlow-shell";
+  rl_prep_term_function = PrepareTerminal;
   rl_getc_function = ReadKey;
   // The calculator's own handler prints what Ctrl-C looks like.
   rl_variable_bind("echo-control-characters", "off");
   SetUpCompletion();
   BindKeys();
   rl_add_defun("mirlow-abandon", Abandon, -1);
+  rl_add_defun("mirlow-symbols", ShowSymbols, -1);
   for (Keymap map : {emacs_standard_keymap, vi_insertion_keymap, vi_movement_keymap}) {
     rl_bind_key_in_map(kControlC, Abandon, map);
+    rl_bind_keyseq_in_map("\\es", ShowSymbols, map);
   }
   rl_initialize();  // reads ~/.inputrc
   if (!is_coloured) return;
@@ -117,6 +156,8 @@ class EditingReader : public LineReader {
   EditingReader(const State& state, bool is_coloured)
       : prompt_(is_coloured ? kColouredPrompt : "> ") {
     CompleteFrom(state);
+    shown_state = &state;
+    is_table_coloured = is_coloured;
     SetUp(is_coloured);
     using_history();
     stifle_history(kHistoryLines);
@@ -142,6 +183,16 @@ class EditingReader : public LineReader {
     return Outcome::kLine;
   }
 
+  std::string GetKeyHelp() const override {
+    return "      Keys :\n\n"
+           "\tTab : completes a name, and shows how a function is called\n"
+           "\tUp, Down : lines typed before that begin like this one\n"
+           "\tCtrl-R : searches the lines typed before\n"
+           "\tAlt-S : shows all symbols; a star marks what changed\n"
+           "\tCtrl-C : abandons the line\n"
+           "\tCtrl-D : leaves\n\n";
+  }
+
  private:
   // Before the command runs, since it may never return. What was pasted may be several lines.
   void Remember(const std::string& text) {
@@ -157,7 +208,7 @@ class EditingReader : public LineReader {
   // Between \001 and \002 stands what has no width.
   static constexpr char kColouredPrompt[] = "\001\033[1;34m\002>\001\033[0m\002 ";
 
-  const HistoryFile file_{HistoryFile::FindPath()};
+  const HistoryFile file_{FindHistory()};
   const char* prompt_;
   std::string last_;
 };

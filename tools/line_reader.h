@@ -21,6 +21,8 @@ class LineReader {
   virtual ~LineReader() = default;
   // Prints the prompt. The line comes without its newline; what was pasted may hold some.
   virtual Outcome Read(std::string& line) = 0;
+  // What its keys do, for the help.
+  virtual std::string GetKeyHelp() const { return ""; }
 };
 
 // The State is for completion. It and the input must outlive the reader.

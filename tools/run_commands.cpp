@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <cstring>
-#include <iostream>
 
 #include "tools/input_file.h"
 #include "tools/runner.h"
@@ -25,7 +24,8 @@ Ran RunFile(Runner& runner, std::istream& lines, const InputFile& file, const st
   const int reason = file.GetError();
   if (ran == Ran::kStopped || reason == 0) return ran;
   runner.Flush();
-  std::cerr << "mirlow-shell: cannot read " << name << ": " << std::strerror(reason) << '\n';
+  runner.GetErrors() << "mirlow-shell: cannot read " << name << ": " << std::strerror(reason)
+                     << '\n';
   return Ran::kCannotRead;
 }
 

@@ -1,7 +1,6 @@
 #include "tools/runner.h"
 
 #include <algorithm>
-#include <iostream>
 
 #include "tools/colours.h"
 #include "tools/interrupts.h"
@@ -12,7 +11,7 @@ namespace Quarn {
 Runner::Runner(const Options& options, std::streambuf& out, std::istream& answers)
     : options_(options),
       out_(&out),
-      capture_(out, options.format == Format::kText ? out : *std::cerr.rdbuf(),
+      capture_(out, options.format == Format::kText ? out : *options.errors->rdbuf(),
                options.asks_at_terminal ? Interrupts::BeginQuestion : nullptr),
       captured_(&capture_),
       state_(captured_, answers) {
@@ -35,9 +34,20 @@ bool Runner::RunLine(std::string_view line, Source source) {
 
 void Runner::RunCommand(std::string_view command, const Source& source) {
   capture_.Clear();
+  const bool may_erase_all = options_.recorder && command == "~";
+  const std::vector<std::string> names = may_erase_all ? ListNames() : std::vector<std::string>();
   state_.ProcessLine(s_str(command));
   has_seen_error_ = has_seen_error_ || IsError(capture_.GetText());
-  Show(command, source);
+  if (options_.recorder) {
+    options_.recorder->Add(command, Describe(state_, command, capture_.GetText()), names);
+  }
+  if (!is_silent_ || IsError(capture_.GetText())) Show(command, source);
+}
+
+std::vector<std::string> Runner::ListNames() const {
+  std::vector<std::string> names;
+  for (const s_str& name : state_.GetSymbolNames()) names.push_back(name.Get());
+  return names;
 }
 
 void Runner::Show(std::string_view command, const Source& source) {
@@ -47,7 +57,7 @@ void Runner::Show(std::string_view command, const Source& source) {
   WritePlain(out_, report);
   const bool is_complaint =
       report.kind == Report::Kind::kError || report.kind == Report::Kind::kWarning;
-  if (is_complaint) WriteMessage(std::cerr, report.message, source);
+  if (is_complaint) WriteMessage(*options_.errors, report.message, source);
 }
 
 void Runner::ShowText(const Source& source) {
@@ -60,7 +70,7 @@ void Runner::ShowText(const Source& source) {
     out_.write(output.data(), static_cast<std::streamsize>(output.size()));
   }
   if (needs_place && !options_.errors_join_output) {
-    WriteMessage(std::cerr, JoinLines(output), source);
+    WriteMessage(*options_.errors, JoinLines(output), source);
   }
 }
 

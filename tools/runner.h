@@ -4,12 +4,12 @@
 //   runner.RunLine("x=1;x+1", {"loan.mirlow", 3});  // 2
 #pragma once
 
-#include <istream>
-#include <ostream>
+#include <iostream>
 #include <string_view>
 
 #include "interpreter/state.h"
 #include "tools/capture.h"
+#include "tools/recorder.h"
 #include "tools/report_writer.h"
 
 namespace Quarn {
@@ -22,6 +22,10 @@ class Runner {
     // Standard output and standard error are the same: an error is shown once, with its place.
     bool errors_join_output = false;
     bool is_coloured = false;
+    // Where messages with their places go.
+    std::ostream* errors = &std::cerr;
+    // Gets what is accepted, unless null; must outlive the runner.
+    Recorder* recorder = nullptr;
     // Questions are answered at a terminal, where Ctrl-C means no.
     bool asks_at_terminal = false;
   };
@@ -32,14 +36,19 @@ class Runner {
   State& GetState() { return state_; }
   const State& GetState() const { return state_; }
 
+  // In silence only errors are shown.
+  void SetSilent(bool is_silent) { is_silent_ = is_silent; }
+
   // False when nothing more is to be run, since a command failed.
   bool RunLine(std::string_view line, Source source);
   // False when something could not be written.
   bool Flush();
+  std::ostream& GetErrors() { return *options_.errors; }
   bool HasSeenError() const { return has_seen_error_; }
 
  private:
   void RunCommand(std::string_view command, const Source& source);
+  std::vector<std::string> ListNames() const;
   void Show(std::string_view command, const Source& source);
   void ShowText(const Source& source);
 
@@ -49,6 +58,7 @@ class Runner {
   std::ostream captured_;
   State state_;
   bool has_seen_error_ = false;
+  bool is_silent_ = false;
 };
 
 }  // namespace Quarn

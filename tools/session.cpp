@@ -13,7 +13,8 @@ namespace {
 
 class Session {
  public:
-  Session(Runner& runner, bool is_coloured) : runner_(runner), is_coloured_(is_coloured) {}
+  Session(Runner& runner, std::string key_help, bool is_coloured)
+      : runner_(runner), key_help_(std::move(key_help)), is_coloured_(is_coloured) {}
 
   // False when the session is over.
   bool RunLines(std::string_view lines) {
@@ -40,6 +41,7 @@ class Session {
     hinted_.clear();
     const bool goes_on = runner_.RunLine(line, {});
     runner_.Flush();
+    if (line == "?") std::cout << key_help_ << std::flush;
     return goes_on;
   }
 
@@ -50,6 +52,7 @@ class Session {
   }
 
   Runner& runner_;
+  const std::string key_help_;
   bool is_coloured_;
   std::string hinted_;
 };
@@ -57,7 +60,7 @@ class Session {
 }  // namespace
 
 void RunSession(Runner& runner, LineReader& reader, bool is_coloured) {
-  Session session(runner, is_coloured);
+  Session session(runner, reader.GetKeyHelp(), is_coloured);
   session.Say(GetGreeting());
   std::string lines;
   while (true) {

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <exception>
 #include <iostream>
 #include <sstream>
@@ -12,12 +13,14 @@
 #include "interpreter/version.h"
 #include "tools/answers.h"
 #include "tools/command_line.h"
+#include "tools/directories.h"
 #include "tools/input_file.h"
 #include "tools/interrupts.h"
 #include "tools/line_reader.h"
 #include "tools/run_commands.h"
 #include "tools/runner.h"
 #include "tools/session.h"
+#include "tools/watch.h"
 
 namespace Quarn {
 namespace {
@@ -33,11 +36,12 @@ bool ErrorsJoinOutput() {
          output.st_dev == errors.st_dev && output.st_ino == errors.st_ino;
 }
 
-Runner::Options OptionsOf(const CommandLine& line) {
+Runner::Options OptionsOf(const CommandLine& line, Recorder* recorder) {
   return {.format = line.format,
           .stops_on_error = line.stops_on_error,
           .errors_join_output = ErrorsJoinOutput(),
           .is_coloured = UsesColour(line.colour),
+          .recorder = recorder,
           .asks_at_terminal = isatty(STDIN_FILENO) != 0};
 }
 
@@ -53,12 +57,25 @@ Status Finish(Runner& runner) {
   return status == kGood && runner.HasSeenError() ? kReportedError : status;
 }
 
-Status Talk(const CommandLine& line) {
+// Only its errors are shown. There need not be one.
+void RunInit(Runner& runner) {
+  const std::string path = FindInit();
+  InputFile file(path, [] {});
+  if (path.empty() || file.GetError() == ENOENT) return;
+  std::istream lines(&file);
+  runner.SetSilent(true);
+  RunFile(runner, lines, file, path, "'" + path + "'");
+  runner.SetSilent(false);
+  runner.Flush();
+}
+
+Status Talk(const CommandLine& line, Recorder* recorder) {
   TerminalInput terminal(STDIN_FILENO);
   Answers buffer(terminal);
   std::istream answers(&buffer);
-  Runner runner(OptionsOf(line), *std::cout.rdbuf(), answers);
+  Runner runner(OptionsOf(line, recorder), *std::cout.rdbuf(), answers);
   Interrupts::Catch(nullptr);
+  if (line.reads_init) RunInit(runner);
   const bool is_coloured = UsesColour(line.colour);
   RunSession(runner, *NewLineReader(runner.GetState(), terminal, is_coloured), is_coloured);
   return Finish(runner);
@@ -67,9 +84,9 @@ Status Talk(const CommandLine& line) {
 // Runs commands and scripts; questions are answered at standard input.
 class Batch {
  public:
-  explicit Batch(const CommandLine& line)
+  Batch(const CommandLine& line, Recorder* recorder)
       : answers_(isatty(STDIN_FILENO) ? static_cast<std::streambuf*>(&typed_) : &input_),
-        runner_(OptionsOf(line), *std::cout.rdbuf(), answers_) {}
+        runner_(OptionsOf(line, recorder), *std::cout.rdbuf(), answers_) {}
 
   Ran Run(const Task& task) {
     if (task.kind == Task::kCommands) {
@@ -103,13 +120,13 @@ class Batch {
   Runner runner_;
 };
 
-Status RunTasks(const CommandLine& line) {
+Status RunTasks(const CommandLine& line, Recorder* recorder) {
   // So that no output is lost when memory runs out.
   std::set_terminate([] {
     std::cout.flush();
     std::abort();
   });
-  Batch batch(line);
+  Batch batch(line, recorder);
   Interrupts::Catch(nullptr);
   for (const Task& task : line.tasks) {
     const Ran ran = batch.Run(task);
@@ -120,7 +137,38 @@ Status RunTasks(const CommandLine& line) {
   return Finish(batch.GetRunner());
 }
 
-Status Run(CommandLine line) {
+Status RunCommandsOf(CommandLine line, Recorder* recorder) {
+  if (line.tasks.empty() && Talks()) return Talk(line, recorder);
+  std::ios::sync_with_stdio(false);
+  if (line.tasks.empty())
+    line.tasks = {
+        {Task::kFile, "-"}
+    };
+  return RunTasks(line, recorder);
+}
+
+Status Record(const CommandLine& line) {
+  Recorder recorder(line.record);
+  const bool is_open = recorder.IsOpen();
+  const int reason = errno;
+  const Status status = is_open ? RunCommandsOf(line, &recorder) : kCannotRun;
+  if (is_open && !recorder.HasFailed()) return status;
+  std::cerr << "mirlow-shell: cannot write to '" << line.record << "'";
+  if (!is_open) std::cerr << ": " << std::strerror(reason);
+  std::cerr << '\n';
+  return kCannotRun;
+}
+
+Status Watch(const CommandLine& line) {
+  if (!Talks()) {
+    std::cerr << "mirlow-shell: --watch needs a terminal\n";
+    return kCannotRun;
+  }
+  WatchScript(line.watched, UsesColour(line.colour));
+  return kGood;
+}
+
+Status Run(const CommandLine& line) {
   switch (line.action) {
     case CommandLine::Action::kShowHelp:
       std::cout << kUsage;
@@ -130,16 +178,12 @@ Status Run(CommandLine line) {
       return FinishOutput();
     case CommandLine::Action::kReject:
       return kCannotRun;
+    case CommandLine::Action::kWatch:
+      return Watch(line);
     case CommandLine::Action::kRun:
       break;
   }
-  if (line.tasks.empty() && Talks()) return Talk(line);
-  std::ios::sync_with_stdio(false);
-  if (line.tasks.empty())
-    line.tasks = {
-        {Task::kFile, "-"}
-    };
-  return RunTasks(line);
+  return line.record.empty() ? RunCommandsOf(line, nullptr) : Record(line);
 }
 
 }  // namespace

@@ -142,6 +142,18 @@ TEST_F(Editing, AbandonsWhateverIsUnderWayByControlC) {
   }
 }
 
+// The terminal drops what was typed before Ctrl-C and was not read yet; Ctrl-C itself counts.
+TEST_F(Editing, OverlooksNoControlC) {
+  Terminal terminal({MIRLOW_PROGRAM, "--no-init"}, directory_.PathOf(""));
+  ASSERT_TRUE(terminal.Shows("> "));
+  for (int i = 0; i < 300; ++i) {
+    terminal.Type("1+");
+    terminal.Type(kAbandon);
+    ASSERT_TRUE(terminal.Shows("^C\r\n")) << i;
+    ASSERT_TRUE(terminal.Shows("> ")) << i;
+  }
+}
+
 TEST_F(Editing, TakesPastedLinesAtOnce) {
   const Row kRows[] = {
       {"\x1b[200~x=1\ny=2\r\n\nx\x1b[201~+y\n", "\tDefining Scalar : y = 2\r\n"   },
