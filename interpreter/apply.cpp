@@ -23,8 +23,8 @@ const typename Entries::mapped_type* FindType(const Entries& entries, const s_st
 Machine::Step Machine::Binary(std::size_t op) {
   if (Top().description) return Describe(op, Code::kBinary, false);
   if (const RegisteredBinary* entry = FindCommon(op, operands_[1], operands_[0])) {
-    Top().value = operands_[1];
-    return Invoke(*entry, Operand(operands_[0]));
+    Operand right = operands_.Pop();
+    return Invoke(*entry, operands_.Pop(), std::move(right));
   }
   const Registries::ByLeft* by_left = registries_.FindBinary(GetOp(op));
   if (!by_left) return Describe(op, Code::kBinary, false);
@@ -61,7 +61,8 @@ Machine::Step Machine::Binary(std::size_t op) {
   if (is_number) by_right = &by_left->find(std::string_view(kNumberType))->second;
   const RegisteredBinary* entry = FindType(*by_right, right_type);
   if (!entry) return Describe(op, Code::kBinary, false);
-  return Invoke(*entry, std::move(right));
+  operands_.Drop(2);
+  return Invoke(*entry, std::exchange(Top().value, Operand()), std::move(right));
 }
 
 // The implementation between numbers and lists; null when an operand is neither.
@@ -75,29 +76,23 @@ const RegisteredBinary* Machine::FindCommon(std::size_t op, const Operand& left,
 }
 
 // The implementation may register another in its own place while it runs, so it is copied.
-Machine::Step Machine::Invoke(const RegisteredBinary& entry, Operand right) {
+Machine::Step Machine::Invoke(const RegisteredBinary& entry, Operand left, Operand right) {
   if (entry.purity == Purity::kImpure) Top().is_impure = true;
   if (const BinaryOnOperands on_operands = entry.on_operands) {
-    const Operand left = std::exchange(Top().value, Operand());
-    operands_.Drop(2);
     std::optional<Operand> result = on_operands(state_, left, right, GetError());
-    if (!result || abort_ != Abort::kNone) return Step::kFailed;
+    if (!result || abort_ != Failure::kNone) return Step::kFailed;
     operands_.Push(std::move(*result));
     return Step::kNext;
   }
   const BinaryOperator body = entry.body;
-  s_refptr<Symbol> left = std::exchange(Top().value, Operand()).Take();
-  operands_.Drop(2);
-  s_refptr<Symbol> result = body(std::move(left), right.Take(), GetError());
-  return FinishCall(0, std::move(result));
+  return FinishCall(body(left.Take(), right.Take(), GetError()));
 }
 
-// Puts the result of an operator in the place of its operands. Within an expression it has no name;
+// Pushes the result of an operator. Within an expression it has no name;
 // an operator on its own may give it one.
-Machine::Step Machine::FinishCall(std::size_t operands, s_refptr<Symbol> result) {
-  if (!result || abort_ != Abort::kNone) return Step::kFailed;
+Machine::Step Machine::FinishCall(s_refptr<Symbol> result) {
+  if (!result || abort_ != Failure::kNone) return Step::kFailed;
   if (!result->GetName().IsEmpty() && Top().op.empty()) result->SetName(Symbol::NoName());
-  operands_.Drop(operands);
   operands_.Push(std::move(result));
   return Step::kNext;
 }
@@ -121,8 +116,7 @@ Machine::Step Machine::Unary(Code kind, std::size_t op) {
   if (entry->purity == Purity::kImpure) Top().is_impure = true;
   const UnaryOperator body = entry->body;
   operands_.Drop(1);
-  s_refptr<Symbol> result = body(value.Take(), GetError());
-  return FinishCall(0, std::move(result));
+  return FinishCall(body(value.Take(), GetError()));
 }
 
 // ---- Operators on their own ----
@@ -158,8 +152,8 @@ s_refptr<Symbol> Machine::ApplyBinary(std::string_view op, s_refptr<Symbol> left
                                       s_refptr<Symbol> right, s_str& error) {
   if (!depth_.IsIdle() && !IsReference(left) && !IsReference(right)) {
     const Depth::Level level(depth_);
-    if (!level.IsGranted()) abort_ = Abort::kTooDeep;
-    if (abort_ != Abort::kNone) return {};
+    if (!level.IsGranted()) abort_ = Failure::kMemory;
+    if (abort_ != Failure::kNone) return {};
     const BinaryOperator body = FindBody(op, *left, *right);
     if (body) return body(std::move(left), std::move(right), error);
   }
@@ -183,7 +177,7 @@ s_refptr<Symbol> Machine::ApplyBinary(std::string_view op, s_refptr<Symbol> left
   if (!by_right) return {};
   const RegisteredBinary* entry = FindType(*by_right, right.GetType());
   if (!entry) return {};
-  if (entry->purity == Purity::kImpure && !frames_.empty()) Top().is_impure = true;
+  if (entry->purity == Purity::kImpure && !frames_.IsEmpty()) Top().is_impure = true;
   return entry->body;
 }
 
@@ -191,8 +185,8 @@ s_refptr<Symbol> Machine::ApplyUnary(Code kind, std::string_view op, s_refptr<Sy
                                      s_str& error) {
   if (!depth_.IsIdle() && !IsReference(operand)) {
     const Depth::Level level(depth_);
-    if (!level.IsGranted()) abort_ = Abort::kTooDeep;
-    if (abort_ != Abort::kNone) return {};
+    if (!level.IsGranted()) abort_ = Failure::kMemory;
+    if (abort_ != Failure::kNone) return {};
     const UnaryOperator body = FindBody(kind, op, *operand);
     if (body) return body(std::move(operand), error);
   }
@@ -216,7 +210,7 @@ s_refptr<Symbol> Machine::ApplyUnary(Code kind, std::string_view op, s_refptr<Sy
   if (by_type == registry.by_text.end()) return {};
   const RegisteredUnary* entry = FindType(by_type->second, operand.GetType());
   if (!entry) return {};
-  if (entry->purity == Purity::kImpure && !frames_.empty()) Top().is_impure = true;
+  if (entry->purity == Purity::kImpure && !frames_.IsEmpty()) Top().is_impure = true;
   return entry->body;
 }
 
@@ -233,7 +227,7 @@ s_refptr<Symbol> Machine::RunAlone(const Program& program, std::span<const Opera
   frame.op = op;
   frame.error = &error;
   if (Run(entry.GetBase())) return operands_[0].Take();
-  if (abort_ == Abort::kNone) return {};
+  if (abort_ == Failure::kNone) return {};
   error = error.ExtractCount(0U, reported);
   AddAbort(error);
   return {};

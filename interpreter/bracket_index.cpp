@@ -3,24 +3,16 @@
 #include <algorithm>
 
 namespace Quarn {
-namespace {
 
-// Is there surely no bracket? The C library looks for one character in many at once.
-bool IsSurelyPlain(std::string_view text) {
-  constexpr std::size_t kLong = 256;
-  if (text.size() < kLong) return false;
+// The C library looks for one character in many at once.
+bool BracketIndex::IsSurelyPlain(std::string_view text) {
   for (char bracket : {'(', '<', '[', ')', '>', ']'}) {
     if (text.find(bracket) != std::string_view::npos) return false;
   }
   return true;
 }
 
-}  // namespace
-
-void BracketIndex::Match(std::string_view text) {
-  std::size_t begin = IsSurelyPlain(text) ? text.size() : 0;
-  while (begin < text.size() && Classify(text[begin]) < CharacterClass::kOpen) ++begin;
-  plain_ = begin == text.size();
+void BracketIndex::Match(std::string_view text, std::size_t begin) {
   // While a bracket is open, `next` links to the one of its kind that was opened before it.
   std::uint32_t innermost[] = {Bracket::kOpenEnd, Bracket::kOpenEnd, Bracket::kOpenEnd};
   constexpr std::size_t kMostOpen = 64;  // more count as not well nested

@@ -31,9 +31,13 @@ class BracketIndex {
   // of construction.  REQUIRES: fewer than 2^32 - 1 characters.
   BracketIndex(std::string_view text, std::vector<Bracket>& storage)
       : storage_(storage), base_(storage.size()) {
-    Match(text);
+    const std::size_t first = FindAny(text);
+    plain_ = first == text.size();
+    if (!plain_) Match(text, first);
   }
-  ~BracketIndex() { storage_.resize(base_); }
+  ~BracketIndex() {
+    if (size_ > 0) storage_.resize(base_);
+  }
   BracketIndex(const BracketIndex&) = delete;
   BracketIndex& operator=(const BracketIndex&) = delete;
 
@@ -48,7 +52,15 @@ class BracketIndex {
   std::uint32_t FindFirst(std::uint32_t position) const;
 
  private:
-  void Match(std::string_view text);
+  static std::size_t FindAny(std::string_view text) {
+    constexpr std::size_t kLong = 256;
+    if (text.size() >= kLong && IsSurelyPlain(text)) return text.size();
+    std::size_t at = 0;
+    while (at < text.size() && Classify(text[at]) < CharacterClass::kOpen) ++at;
+    return at;
+  }
+  static bool IsSurelyPlain(std::string_view text);
+  void Match(std::string_view text, std::size_t begin);
 
   std::vector<Bracket>& storage_;
   const std::size_t base_;

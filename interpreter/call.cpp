@@ -7,14 +7,16 @@
 namespace Quarn {
 
 // False when the arguments are not plain numbers, or no overload takes those.
-bool Machine::CallOnNumbers(const Registries::NamedFunction& function, std::size_t count) {
+bool Machine::CallOnNumbers(const Instruction& instruction, Frame& frame) {
+  const Registries::NamedFunction& function = registries_.GetFunction(instruction.part.id);
+  const std::size_t count = instruction.part.length;
   const FunctionOnNumbers& body = function.on_numbers;
   if (count == 2 && body.of_two) {
     const Operand& second = operands_[0];
     Operand& first = operands_[1];
     if (!first.IsNumber() || !second.IsNumber()) return false;
     first.SetNumber(body.of_two(first.GetNumber(), second.GetNumber()));
-    operands_.PopNumber();
+    operands_.Drop(1);
   } else if (count == 1 && body.of_one) {
     Operand& argument = operands_[0];
     if (!argument.IsNumber()) return false;
@@ -24,7 +26,7 @@ bool Machine::CallOnNumbers(const Registries::NamedFunction& function, std::size
   } else {
     return false;
   }
-  if (function.purity_on_numbers[count] == Purity::kImpure) Top().is_impure = true;
+  if (function.purity_on_numbers[count] == Purity::kImpure) frame.is_impure = true;
   return true;
 }
 
@@ -58,15 +60,16 @@ Machine::Step Machine::CallOverload(const Registries::NamedFunction& function, s
   if (overload == function.overloads->end()) {
     s_ctnr<s_str> candidates;
     for (const auto& [candidate, body] : *function.overloads) candidates.PushBack(candidate);
-    return Fail(messages::NoMatchingFunction(*function.name, signature, candidates));
+    return Fail(Failure::kNoMatch,
+                messages::NoMatchingFunction(*function.name, signature, candidates));
   }
   if (overload->second.purity == Purity::kImpure) Top().is_impure = true;
   // It may register another in its own place while it runs.
   const Function body = overload->second.body;
   operands_.Drop(count);
   const bool is_done = body(state_, arguments, results, GetError()) ? true : false;
-  if (!is_done || abort_ != Abort::kNone) return Step::kFailed;
-  if (results.GetSize() != s_uint(1U)) return Fail(messages::NotOneReturnValue());
+  if (!is_done || abort_ != Failure::kNone) return Step::kFailed;
+  if (results.GetSize() != s_uint(1U)) return Fail(Failure::kValue, messages::NotOneReturnValue());
   if (!*results.begin()) return Step::kFailed;
   operands_.Push(std::move(*results.begin()));
   return Step::kNext;

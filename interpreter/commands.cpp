@@ -31,10 +31,13 @@ bool EndsWithFirst(std::string_view text, char c) {
 void Commands::ProcessLine(std::string_view line) {
   const char* const begin = line.data();
   failure_ = {};
-  while (!line.empty()) {
+  Budget& budget = core_.machine.GetBudget();
+  const Budget::Scope scope(budget);
+  while (!line.empty() && !budget.IsInterrupted()) {
     const std::string_view command = line.substr(0, line.find(';'));
     line.remove_prefix(std::min(command.size() + 1, line.size()));
     if (command.empty() || command.starts_with("//")) continue;
+    budget.Refill();
     begin_ = begin;  // again each time: a command may call for another line
     ProcessCommand(command);
   }
@@ -69,8 +72,9 @@ void Commands::ProcessEquals(std::string_view before, std::string_view expressio
 bool Commands::Evaluate(std::string_view expression, const s_str& name, bool allows_new,
                         Evaluated& result, s_str& error) {
   const auto before = static_cast<std::size_t>(expression.data() - begin_);
-  Place place;
-  if (core_.machine.Evaluate(expression, name, allows_new, result, error, place)) return true;
+  Diagnosis diagnosis;
+  if (core_.machine.Evaluate(expression, name, allows_new, result, error, diagnosis)) return true;
+  const Place place = diagnosis.place;
   failure_ = place == Place() ? place : Place{before + place.position, place.length};
   return false;
 }
@@ -213,9 +217,9 @@ bool Commands::PrintValue(std::string_view before, std::string_view type, const 
   s_str line = std::move(line_);
   line.Clear();
   line.Append(before).Append(type).Append(" : ");
-  TextWriter writer(line, core_.machine.GetMemoryLimit());
+  TextWriter writer(line, &core_.machine);
   if (!WriteOut(writer, value)) {
-    PrintMessage(messages::NestedTooDeeply());
+    PrintMessage(core_.machine.TakeAbort());
     return false;
   }
   line += '\n';

@@ -18,14 +18,14 @@ constexpr std::size_t kLargestStack = 64U << 20;
 // What stays free for the work between two levels: printing, allocating, an operator's body.
 constexpr std::size_t kReserve = 128U << 10;
 
-struct Stack {
+struct StackBounds {
   std::uintptr_t lowest = 0;  // grows down towards this address
   std::uintptr_t top = 0;
   std::uintptr_t low_mark = 0;  // below it, it is low
 };
 
-Stack FindStack() {
-  Stack stack;
+StackBounds FindStack() {
+  StackBounds stack;
   pthread_attr_t attributes;
   if (pthread_getattr_np(pthread_self(), &attributes) != 0) return stack;
   void* lowest = nullptr;
@@ -42,7 +42,7 @@ Stack FindStack() {
 }  // namespace
 
 bool Depth::IsStackLow(const void* frame) const {
-  static thread_local const Stack stack = FindStack();
+  static thread_local const StackBounds stack = FindStack();
   const auto here = reinterpret_cast<std::uintptr_t>(frame);
   if (here < stack.lowest || here >= stack.top) return levels_ > kLevelsOnUnknownStack;
   return here < stack.low_mark;

@@ -41,17 +41,14 @@ bool Machine::DescribeText(Description& description, const Operand& operand, s_s
   std::optional<TextWriter>& writer = description.writer;
   if (!writer) {
     if (!operand.IsNumber() && !operand.GetValue()->GetName().IsEmpty()) return true;
-    writer.emplace(text, memory_limit_).AppendOperand(operand);
+    writer.emplace(text, this).AppendOperand(operand);
   }
   while (!writer->Proceed()) {
     const Answer* answer = Ask(*writer->GetAwaited());
     if (!answer) return false;
     writer->Continue(*answer);
   }
-  if (writer->IsCutOff()) {
-    abort_ = Abort::kTooDeep;
-    return false;
-  }
+  if (writer->IsCutOff()) return false;
   writer.reset();
   return true;
 }
@@ -59,10 +56,12 @@ bool Machine::DescribeText(Description& description, const Operand& operand, s_s
 Machine::Step Machine::FailToMatch(const Description& description) {
   const auto& [op, kind, is_deferral, operands, stage, types, texts, writer] = description;
   if (kind == Code::kBinary) {
-    return Fail(messages::NoBinaryMatch(op, types[0], types[1], texts[0], texts[1]));
+    return Fail(Failure::kNoMatch,
+                messages::NoBinaryMatch(op, types[0], types[1], texts[0], texts[1]));
   }
-  return Fail((kind == Code::kLeftUnary ? messages::NoLeftUnaryMatch : messages::NoRightUnaryMatch)(
-      op, types[0], texts[0]));
+  return Fail(Failure::kNoMatch,
+              (kind == Code::kLeftUnary ? messages::NoLeftUnaryMatch : messages::NoRightUnaryMatch)(
+                  op, types[0], texts[0]));
 }
 
 Machine::Step Machine::Defer(const Description& description) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 #include "interpreter/symbol.h"
@@ -17,6 +18,21 @@ struct Place {
   bool operator==(const Place&) const = default;
 };
 
+// What kind of failure.
+enum class Failure : std::uint8_t {
+  kNone,
+  kForm,         // the expression, or a name, is not written as it must be
+  kUnknownName,  // no symbol or function bears the name
+  kNoMatch,      // no operator, function or vector for values of these types
+  kValue,        // a type, an operator or a function refused the value
+  kRing,         // a reference leads back to itself
+  kMemory,       // what is under way takes too much of it, or of the stack
+  kNesting,      // from here on: limits that a host has set
+  kSteps,
+  kOutput,
+  kInterrupted
+};
+
 // What came of a request: a value, or the text that a user would have read instead.
 //   const Result sum = state.Compute("1+2");
 //   if (!sum) std::cerr << sum.error << '\n';
@@ -27,8 +43,9 @@ struct Result {
   // Without a newline at its end. Begins with "\tError : ", unless a type words its failures
   // otherwise; empty for a failure of a type's without words.
   std::string error;
-  // Where in the expression the failure came to light.
+  // Where in the expression the failure came to light, and of what kind it is.
   Place place = {};
+  Failure failure = Failure::kNone;
 
   explicit operator bool() const { return static_cast<bool>(value); }
 };

@@ -2,13 +2,9 @@
 
 #include "interpreter/machine_entry.h"
 #include "interpreter/messages.h"
-#include "utils/shrink.h"
 
 namespace Quarn {
 namespace {
-
-// So many instructions of a line are read before they are run.
-constexpr std::size_t kChunk = 4096;
 
 // Positions have 32 bits.
 constexpr std::size_t kLongestText = 0xFFFFFFFF;
@@ -18,20 +14,22 @@ constexpr std::size_t kLongestText = 0xFFFFFFFF;
 // ---- Evaluations ----
 
 bool Machine::Evaluate(std::string_view text, const s_str& name, bool allows_new, Evaluated& result,
-                       s_str& error, Place& place) {
+                       s_str& error, Diagnosis& diagnosis) {
   Entry entry(*this);
   const s_uint reported = error.GetSize();
   if (text.size() >= kLongestText) {
     AddError(error, messages::TooLong());
+    diagnosis.failure = Failure::kForm;
   } else if (entry.IsGranted()) {
     Program& program = entry.BorrowProgram();
-    Reader reader(registries_, reader_storage_, text, {.allows_new = allows_new});
+    Reader reader(registries_, reader_storage_, text,
+                  {.allows_new = allows_new, .nesting = budget_.GetLimits().nesting});
     PushFrame(program, text, name).error = &error;
     bool has_more = true;
     while (has_more) {
       has_more = reader.Read(program, kChunk);
       Top().next = 0;
-      if (!FitsMemory() || !Run(entry.GetBase())) break;
+      if (!FitsLimits() || !Spend(program.code.size()) || !Run(entry.GetBase())) break;
       if (has_more) {
         const Program::Root root = program.root;
         program.Clear();
@@ -46,38 +44,73 @@ bool Machine::Evaluate(std::string_view text, const s_str& name, bool allows_new
       }
       return true;
     }
-    place = GetPlace(Top());
+    diagnosis = Diagnose();
   }
-  if (abort_ != Abort::kNone) {
-    error = error.ExtractCount(0U, reported);
-    AddAbort(error);
+  ReportAbort(error, reported, diagnosis);
+  return false;
+}
+
+// What ended all takes the place of what was reported on the way.
+void Machine::ReportAbort(s_str& error, s_uint reported, Diagnosis& diagnosis) {
+  if (abort_ == Failure::kNone) return;
+  diagnosis.failure = abort_;
+  error = error.ExtractCount(0U, reported);
+  AddAbort(error);
+}
+
+void Machine::Read(std::string_view text, Program& program) {
+  if (text.size() >= kLongestText) {
+    program.GetExtra().message = messages::TooLong();
+    program.code.push_back({.code = Code::kFail, .position = 0, .number = 0});
+    return;
   }
+  Reader(registries_, reader_storage_, text,
+         {.names = &symbols_, .nesting = budget_.GetLimits().nesting})
+      .Read(program, kChunk);
+}
+
+bool Machine::Evaluate(const Program& program, std::string_view text, Operand& result,
+                       Result& failure) {
+  Entry entry(*this);
+  s_str error;
+  Diagnosis diagnosis;
+  if (entry.IsGranted()) {
+    PushFrame(program, text, Symbol::NoName()).error = &error;
+    if (Spend(program.code.size()) && Run(entry.GetBase())) {
+      result = operands_.Pop();
+      return true;
+    }
+    diagnosis = Diagnose();
+  }
+  ReportAbort(error, 0U, diagnosis);
+  failure = {{}, error.Take(), diagnosis.place, diagnosis.failure};
   return false;
 }
 
 Answer Machine::Follow(Cell& cell) {
   Entry entry(*this);
   if (!entry.IsGranted()) return {Outcome::kRing};
-  Cell* reader = frames_.empty() ? nullptr : Top().reader;
+  Cell* reader = frames_.IsEmpty() ? nullptr : Top().reader;
   if (cell.state == Cell::State::kFresh && cell.version == registries_.GetVersion()) {
     if (reader) cell.readers.Add(*reader);
     return cell.answer;
   }
   const CellPtr shared(&cell);
   if (cell.state < Cell::State::kUnderWay) {
-    PushCell(cell);
-    if (Run(entry.GetBase())) return answer_;
-    if (abort_ == Abort::kRing) abort_ = Abort::kNone;
+    if (PushCell(cell) && Run(entry.GetBase())) return answer_;
+    if (abort_ == Failure::kRing) abort_ = Failure::kNone;
   }
   // What became of the ring depends on what is under way.
-  if (!frames_.empty()) Top().is_impure = true;
+  if (!frames_.IsEmpty()) Top().is_impure = true;
   return {Outcome::kRing};
 }
 
 Result Machine::Evaluate(Cell& cell) {
   const CellPtr shared(&cell);
   Answer answer = Follow(cell);
-  if (answer.outcome == Outcome::kRing) return {{}, NameRing(cell).Take()};
+  if (answer.outcome == Outcome::kRing) {
+    return {{}, NameRing(cell).Take(), {}, Failure::kRing};
+  }
   if (answer.outcome == Outcome::kValue && !answer.value.IsReference()) {
     return {answer.value.Take(), {}};
   }
@@ -85,22 +118,22 @@ Result Machine::Evaluate(Cell& cell) {
   CellPtr next(&cell);
   Evaluated result;
   s_str error;
-  Place place;
-  while (next && Evaluate(next->GetText(), Symbol::NoName(), false, result, error, place)) {
+  Diagnosis diagnosis{Failure::kForm};
+  while (next && Evaluate(next->GetText(), Symbol::NoName(), false, result, error, diagnosis)) {
     if (!result.value.IsReference()) return {result.value.Take(), {}};
     next = Quarn::GetCell(*result.value.GetValue());
   }
   if (!next) error = messages::EmptySymbol();
-  return {{}, error.Take(), place};
+  return {{}, error.Take(), diagnosis.place, diagnosis.failure};
 }
 
 s_str Machine::NameRing(Cell& cell) {
   s_str error;
-  abort_ = Abort::kRing;
+  abort_ = Failure::kRing;
   ring_ = CellPtr(&cell);
   ring_is_known_ = cell.state == Cell::State::kFresh;
   AddAbort(error);
-  abort_ = Abort::kNone;
+  abort_ = Failure::kNone;
   return error;
 }
 
@@ -112,38 +145,58 @@ CellPtr Machine::GetCell(std::string_view expression) {
   return expression.empty() ? CellPtr() : cells_.Get(expression);
 }
 
-Program& Machine::Entry::BorrowProgram() {
-  if (machine_.used_programs_ == machine_.programs_.size()) {
-    machine_.programs_.push_back(std::make_unique<Program>());
-  }
-  Program& program = *machine_.programs_[machine_.used_programs_++];
-  program.Clear();
-  return program;
-}
-
-// What grew beyond a megabyte is given back.
 void Machine::CleanUp() {
-  abort_ = Abort::kNone;
+  constexpr std::size_t kLarge = 1U << 20;
+  abort_ = Failure::kNone;
   if (ring_) ring_ = {};
   if (!answer_.value.IsNumber()) answer_ = {};
-  operands_.ShrinkIfLarge();
-  ShrinkIfLarge(frames_);
-  ShrinkIfLarge(lists_);
-  for (const auto& program : programs_) {
-    program->code.clear();
-    ShrinkIfLarge(program->code);
-  }
-  ShrinkIfLarge(scratch_.code);
-  reader_storage_.Shrink();
+  if (GetBytesKept() > kLarge) GiveBack();
 }
 
-bool Machine::FitsMemory() {
-  const std::size_t elements = lists_.empty() ? 0 : lists_.back().elements->GetSize();
-  const std::size_t bytes = operands_.GetSize() * sizeof(Operand) + frames_.size() * sizeof(Frame) +
-                            lists_.size() * sizeof(List) + elements * sizeof(double) +
-                            reader_storage_.GetBytes();
-  if (bytes <= memory_limit_) return true;
-  abort_ = Abort::kTooDeep;
+std::size_t Machine::GetBytesKept() const {
+  std::size_t instructions = scratch_.code.capacity();
+  for (const auto& program : programs_) instructions += program->code.capacity();
+  return operands_.GetBytesKept() + frames_.GetBytesKept() + lists_.GetBytesKept() +
+         instructions * sizeof(Instruction) + reader_storage_.GetBytesKept();
+}
+
+void Machine::GiveBack() {
+  operands_.GiveBack();
+  frames_.GiveBack();
+  lists_.GiveBack();
+  programs_.clear();
+  scratch_ = {};
+  reader_storage_.GiveBack();
+}
+
+bool Machine::Spend(std::uint64_t steps) {
+  if (budget_.Spend(steps)) return true;
+  abort_ = budget_.GetReason();
+  return false;
+}
+
+bool Machine::FitsText(std::size_t size) {
+  const Limits& limits = budget_.GetLimits();
+  if (size <= limits.output && size <= limits.memory) return true;
+  abort_ = size > limits.output ? Failure::kOutput : Failure::kMemory;
+  return false;
+}
+
+s_str Machine::TakeAbort() {
+  s_str error;
+  AddAbort(error);
+  abort_ = Failure::kNone;
+  return error;
+}
+
+bool Machine::FitsLimits() {
+  if (!budget_.HasRoom()) return true;
+  const Limits& limits = budget_.GetLimits();
+  const std::size_t elements = lists_.IsEmpty() ? 0 : lists_[0].elements->GetSize();
+  const std::size_t bytes = operands_.GetBytes() + frames_.GetBytes() + lists_.GetBytes() +
+                            elements * sizeof(double) + reader_storage_.GetBytes();
+  if (bytes <= limits.memory && frames_.GetSize() <= limits.nesting) return true;
+  abort_ = bytes > limits.memory ? Failure::kMemory : Failure::kNesting;
   return false;
 }
 
@@ -151,14 +204,14 @@ bool Machine::FitsMemory() {
 
 Machine::Frame& Machine::PushFrame(const Program& program, std::string_view text,
                                    const s_str& name) {
-  Cell* reader = frames_.empty() ? nullptr : Top().reader;
-  Frame& frame = frames_.emplace_back();
+  Cell* reader = frames_.IsEmpty() ? nullptr : Top().reader;
+  Frame& frame = frames_.Push();
   frame.program = &program;
   frame.text = text;
   frame.name = &name;
   frame.reader = reader;
   frame.operands = static_cast<std::uint32_t>(operands_.GetSize());
-  frame.lists = static_cast<std::uint32_t>(lists_.size());
+  frame.lists = static_cast<std::uint32_t>(lists_.GetSize());
   return frame;
 }
 
@@ -176,10 +229,10 @@ void Machine::PopFrame() {
   const std::size_t operands = frame.operands;
   const std::size_t lists = frame.lists;
   const bool is_impure = frame.is_impure;
-  frames_.pop_back();
+  frames_.Drop(1);
   operands_.Shrink(operands);
-  if (lists_.size() > lists) lists_.resize(lists);
-  if (is_impure && !frames_.empty()) Top().is_impure = true;
+  lists_.Shrink(lists);
+  if (is_impure && !frames_.IsEmpty()) Top().is_impure = true;
 }
 
 bool Machine::Run(std::size_t base) {
@@ -188,15 +241,15 @@ bool Machine::Run(std::size_t base) {
     if (step == Step::kEnd) {
       if (!Top().cell) return true;
       step = FinishCell(Outcome::kValue);
-    } else if (step == Step::kFailed && abort_ == Abort::kNone) {
+    } else if (step == Step::kFailed && abort_ == Failure::kNone) {
       if (!Top().cell) return false;
       step = FinishCell(Outcome::kFailed);
     }
-    if (abort_ != Abort::kNone) {
+    if (abort_ != Failure::kNone) {
       UnwindTo(base);
       return false;
     }
-    if (frames_.size() == base) return true;
+    if (frames_.GetSize() == base) return true;
     if (step == Step::kNext) Top().has_answer = true;
   }
 }
@@ -204,10 +257,10 @@ bool Machine::Run(std::size_t base) {
 // Ends what is under way, but for the line that began it. What goes away with a frame may have been
 // read, so a cell is kept only if what it waits for still is.
 void Machine::UnwindTo(std::size_t base) {
-  bool is_kept = keeps_values_ && abort_ == Abort::kRing && !ring_is_nested_ &&
+  bool is_kept = keeps_values_ && abort_ == Failure::kRing && !ring_is_nested_ &&
                  (ring_is_known_ || IsPureRing(base));
   CellPtr awaited = ring_;
-  while (frames_.size() > base && Top().cell) {
+  while (frames_.GetSize() > base && Top().cell) {
     const CellPtr cell = Top().cell;
     is_kept = is_kept && !Top().is_impure;
     PopFrame();
@@ -230,7 +283,8 @@ void Machine::UnwindTo(std::size_t base) {
 
 // Will whoever is in the ring that was met lead back to itself until something changes?
 bool Machine::IsPureRing(std::size_t base) const {
-  for (std::size_t i = frames_.size(); i-- > base;) {
+  const std::size_t count = frames_.GetSize() - base;
+  for (std::size_t i = 0; i < count; ++i) {
     const Cell* cell = frames_[i].cell.Get();
     if (!cell || frames_[i].is_impure || cell->state != Cell::State::kUnderWay) return false;
     if (cell == ring_.Get()) return true;
@@ -240,7 +294,7 @@ bool Machine::IsPureRing(std::size_t base) const {
 
 // Names the reference that is met twice, whether it was met now or is known from before.
 void Machine::AddAbort(s_str& error) {
-  if (abort_ == Abort::kTooDeep) return AddError(error, messages::NestedTooDeeply());
+  if (abort_ != Failure::kRing) return AddError(error, messages::LimitReached(abort_));
   const Cell* cell = ring_.Get();
   if (ring_is_known_) {
     ++walk_;
@@ -252,6 +306,11 @@ void Machine::AddAbort(s_str& error) {
   AddError(error, messages::LeadsBackToItself(cell->GetText()));
 }
 
+Diagnosis Machine::Diagnose() const {
+  const Frame& frame = frames_[0];
+  return {frame.failure, GetPlace(frame)};
+}
+
 Place Machine::GetPlace(const Frame& frame) const {
   const Instruction& instruction = frame.program->code[frame.next];
   switch (instruction.code) {
@@ -261,6 +320,13 @@ Place Machine::GetPlace(const Frame& frame) const {
     case Code::kLiteral:
     case Code::kReference:  // kCell is in references only, which show no place
       return {instruction.position, instruction.part.length};
+    case Code::kName:
+      return {instruction.position, instruction.name->text.Get().size()};
+    case Code::kBinaryName: {
+      if (frame.stage > 0) return {instruction.position, 1};
+      const std::string_view name = instruction.name->text.GetView();
+      return {frame.text.find(name, instruction.position), name.size()};
+    }
     case Code::kCall:
       return {instruction.position,
               registries_.GetFunction(instruction.part.id).name->Get().size()};

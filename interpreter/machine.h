@@ -14,12 +14,13 @@
 #include <string_view>
 #include <vector>
 
+#include "interpreter/budget.h"
 #include "interpreter/depth.h"
 #include "interpreter/element_types.h"
-#include "interpreter/operand_stack.h"
 #include "interpreter/reader.h"
 #include "interpreter/symbol_table.h"
 #include "interpreter/text_writer.h"
+#include "utils/stack.h"
 
 namespace Quarn {
 
@@ -30,6 +31,12 @@ struct Evaluated {
   bool is_named = true;
 };
 
+// Where an evaluation failed, and how.
+struct Diagnosis {
+  Failure failure = Failure::kNone;
+  Place place = {};
+};
+
 class Machine {
  public:
   Machine(State& state, Registries& registries, SymbolTable& symbols)
@@ -37,11 +44,14 @@ class Machine {
   Machine(const Machine&) = delete;
   Machine& operator=(const Machine&) = delete;
 
-  // The value of a text, bearing `name`. False with messages added, and the place of the failure,
-  // when it has none. A name without a value becomes a new abstract symbol if allowed and `name` is
-  // empty.
+  // The value of a text, bearing `name`. False with messages added, and a diagnosis, when it has
+  // none. A name without a value becomes a new abstract symbol if allowed and `name` is empty.
   bool Evaluate(std::string_view text, const s_str& name, bool allows_new, Evaluated& result,
-                s_str& error, Place& place);
+                s_str& error, Diagnosis& diagnosis);
+  // The value of a program that was read from a text to be kept; false, and why, when it has none.
+  bool Evaluate(const Program& program, std::string_view text, Operand& result, Result& failure);
+  // Reads a text to be run any number of times, until something is registered.
+  void Read(std::string_view text, Program& program);
 
   // What a reference stands for.
   Answer Follow(Cell& cell);
@@ -60,9 +70,14 @@ class Machine {
   // A reference to an expression; an empty one makes it a null reference.
   s_refptr<Symbol> NewReference(const s_str& name, std::string_view expression);
 
-  // Evaluations may hold so many bytes; what needs more is nested too deeply.
-  void SetMemoryLimit(std::size_t bytes) { memory_limit_ = bytes; }
-  std::size_t GetMemoryLimit() const { return memory_limit_; }
+  // What evaluations may use. The rest is for work that takes long or grows: false when all that is
+  // under way has to end.
+  Budget& GetBudget() { return budget_; }
+  bool Spend(std::uint64_t steps);
+  bool IsIdle() const { return depth_.IsIdle(); }
+  bool FitsText(std::size_t size);
+  // The message about what has ended all, which is over then.
+  s_str TakeAbort();
 
   // For tests: evaluates each reference whenever it is asked for. Nobody can tell but by the time,
   // which doubles with each step of a chain.
@@ -71,9 +86,6 @@ class Machine {
  private:
   // What follows an instruction: the next one; another frame; a failure; nothing.
   enum class Step : std::uint8_t { kNext, kSuspended, kFailed, kEnd };
-
-  // What ends all that is under way.
-  enum class Abort : std::uint8_t { kNone, kRing, kTooDeep };
 
   // How an operand was resolved: to a value; to a null reference, where its expression fails or
   // leads to one; to nothing, where it is a null reference itself.
@@ -106,6 +118,7 @@ class Machine {
     bool has_answer = false;  // to what was asked, in answer_
     bool is_following = false;
     bool is_impure = false;
+    Failure failure = Failure::kValue;  // if it fails
     Operand value;           // the resolved left operand, or the reference that is followed
     s_str* error = nullptr;  // of the caller of a line; of a reference, made when there is one
     std::unique_ptr<s_str> own_error;
@@ -122,33 +135,38 @@ class Machine {
   // One call from outside. There may be others further down the stack of the process.
   class Entry;
 
-  // Does what is under way stay within the limit? If not, all of it ends.
-  bool FitsMemory();
+  // Does what is under way stay within the limits? If not, all of it ends.
+  bool FitsLimits();
 
-  Frame& Top() { return frames_.back(); }
+  Frame& Top() { return frames_[0]; }
   Frame& PushFrame(const Program& program, std::string_view text, const s_str& name);
   void PopFrame();
   // Stays where it is while types are called.
   s_str& GetError();
 
-  // Drops what the outermost call left.
+  // Drops what the outermost call left, and gives back what grew beyond a megabyte.
   void CleanUp();
+  std::size_t GetBytesKept() const;
+  void GiveBack();
 
   // Runs until the frames are as many as before, or a line is at its end. False when that, or what
   // was asked for, failed.
   bool Run(std::size_t base);
   Step RunFrame();
+  const Instruction* RunNumbers(const Instruction* at, Frame& frame);
   void UnwindTo(std::size_t base);
   bool IsPureRing(std::size_t base) const;
   void AddAbort(s_str& error);
+  void ReportAbort(s_str& error, s_uint reported, Diagnosis& diagnosis);
   s_str NameRing(Cell& cell);
+  Diagnosis Diagnose() const;
   Place GetPlace(const Frame& frame) const;
 
   // References. Null or false when the answer is still to come, or when all that is under way ends:
   // Stop tells which.
   const Answer* Ask(Cell& cell);
-  Step Stop() const { return abort_ == Abort::kNone ? Step::kSuspended : Step::kFailed; }
-  void PushCell(Cell& cell);
+  Step Stop() const { return abort_ == Failure::kNone ? Step::kSuspended : Step::kFailed; }
+  bool PushCell(Cell& cell);
   void Read(Cell& cell);
   Step FinishCell(Outcome outcome);
   Step FollowOn();
@@ -161,6 +179,7 @@ class Machine {
   Step RunSlowly(const Instruction& instruction);
   Step PushSymbol(const Instruction& instruction);
   bool IsAppliedAtOnce(const Instruction& instruction) const;
+  bool IsLookedAtOnly(const Symbol& object, const Instruction& next) const;
   Step FailToFind(std::string_view text, const Instruction& instruction);
   Step WarnAboutSymbol();
   Step PushLiteral(const Instruction& instruction);
@@ -168,20 +187,21 @@ class Machine {
   Step AddElement();
   Step EndList(const Instruction& instruction);
   Step CheckReferences();
-  Step Fail(const s_str& message);
+  Step FailOnTypes();
+  Step Fail(Failure failure, const s_str& message);
   std::string_view TextOf(const Instruction& instruction) const;
 
   // Operators and functions.
   Step Binary(std::size_t op);
   const RegisteredBinary* FindCommon(std::size_t op, const Operand& left,
                                      const Operand& right) const;
-  Step Invoke(const RegisteredBinary& entry, Operand right);
+  Step Invoke(const RegisteredBinary& entry, Operand left, Operand right);
   Step Unary(Code kind, std::size_t op);
   Step Call(const Instruction& instruction);
-  bool CallOnNumbers(const Registries::NamedFunction& function, std::size_t count);
+  bool CallOnNumbers(const Instruction& instruction, Frame& frame);
   bool ResolveArguments(std::size_t count);
   Step CallOverload(const Registries::NamedFunction& function, std::size_t count);
-  Step FinishCall(std::size_t operands, s_refptr<Symbol> result);
+  Step FinishCall(s_refptr<Symbol> result);
   std::string_view GetOp(std::size_t op) {
     return op < kOperators ? kPriorities[op].text : Top().op;
   }
@@ -205,24 +225,23 @@ class Machine {
   SymbolTable& symbols_;
   Cells cells_;
 
-  OperandStack operands_;
-  std::vector<Frame> frames_;
-  std::vector<List> lists_;
+  Stack<Operand> operands_;
+  Stack<Frame> frames_;
+  Stack<List> lists_;
   ReaderStorage reader_storage_;
   std::vector<std::unique_ptr<Program>> programs_;  // of lines, to be used again
   std::size_t used_programs_ = 0;
   Program scratch_;  // of the cell that is being read
 
-  Answer answer_;  // to what the top frame asked
-  Abort abort_ = Abort::kNone;
-  CellPtr ring_;  // that was met twice, or is known to lead to one that is
+  Answer answer_;                   // to what the top frame asked
+  Failure abort_ = Failure::kNone;  // what ends all that is under way
+  CellPtr ring_;                    // that was met twice, or is known to lead to one that is
   bool ring_is_known_ = false;
   bool ring_is_nested_ = false;  // in what a type called back
   unsigned int walk_ = 0;
-  Place place_;
   Depth depth_;
   bool keeps_values_ = true;
-  std::size_t memory_limit_ = static_cast<std::size_t>(-1);
+  Budget budget_;
 };
 
 }  // namespace Quarn

@@ -5,33 +5,44 @@
 
 namespace Quarn {
 
+// So many instructions are read, and run, before those are asked who may end the evaluation.
+inline constexpr std::size_t kChunk = 4096;
+
 // Leaves the machine as it was, whatever happens meanwhile.
 class Machine::Entry {
  public:
   explicit Entry(Machine& machine)
       : machine_(machine),
         level_(machine.depth_),
-        frames_(machine.frames_.size()),
+        scope_(machine.budget_),
+        frames_(machine.frames_.GetSize()),
         operands_(machine.operands_.GetSize()),
-        lists_(machine.lists_.size()),
+        lists_(machine.lists_.GetSize()),
         programs_(machine.used_programs_) {
-    if (!level_.IsGranted()) machine.abort_ = Abort::kTooDeep;
+    if (!level_.IsGranted()) machine.abort_ = Failure::kMemory;
   }
   ~Entry() {
-    while (machine_.frames_.size() > frames_) Abandon();
+    while (machine_.frames_.GetSize() > frames_) Abandon();
     machine_.operands_.Shrink(operands_);
-    if (machine_.lists_.size() > lists_) machine_.lists_.resize(lists_);
+    machine_.lists_.Shrink(lists_);
     machine_.used_programs_ = programs_;
     if (machine_.depth_.IsOutermost()) machine_.CleanUp();
   }
   Entry(const Entry&) = delete;
   Entry& operator=(const Entry&) = delete;
 
-  bool IsGranted() const { return machine_.abort_ == Abort::kNone; }
+  bool IsGranted() const { return machine_.abort_ == Failure::kNone; }
   // How many frames there were.
   std::size_t GetBase() const { return frames_; }
   // An empty program that is used again.
-  Program& BorrowProgram();
+  Program& BorrowProgram() {
+    auto& programs = machine_.programs_;
+    if (programs_ == programs.size()) programs.push_back(std::make_unique<Program>());
+    machine_.used_programs_ = programs_ + 1;
+    Program& program = *programs[programs_];
+    program.Clear();
+    return program;
+  }
 
  private:
   void Abandon() {
@@ -44,6 +55,7 @@ class Machine::Entry {
 
   Machine& machine_;
   const Depth::Level level_;
+  const Budget::Scope scope_;
   const std::size_t frames_;
   const std::size_t operands_;
   const std::size_t lists_;

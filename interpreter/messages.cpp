@@ -80,7 +80,26 @@ s_str EmptyIndex() { return "\tError : Illegal use of '[.]' with empty argument"
 
 s_str IndexOnNothing() { return "\tError : Illegal use of '[.]' on empty object"; }
 
-s_str NestedTooDeeply() { return "\tError : Expression is nested too deeply"; }
+s_str LimitReached(Failure limit) {
+  switch (limit) {
+    case Failure::kNesting:
+      return "\tError : Expression has too many levels";
+    case Failure::kSteps:
+      return "\tError : Evaluation takes too many steps";
+    case Failure::kOutput:
+      return "\tError : Output is too long";
+    case Failure::kInterrupted:
+      return "\tError : Evaluation was interrupted";
+    default:
+      return "\tError : Expression is nested too deeply";
+  }
+}
+
+s_str EndlessFactorial(const s_str& number) {
+  return Join("\tError : The factorial of ", number.GetView(), " never ends");
+}
+
+s_str EndlessIndex() { return "\tError : The index is infinite"; }
 
 s_str TooLong() { return "\tError : Expression is too long"; }
 

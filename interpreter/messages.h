@@ -6,6 +6,7 @@
 
 #include <string_view>
 
+#include "interpreter/embedding.h"
 #include "utils/s_ctnr.h"
 #include "utils/s_str.h"
 
@@ -31,7 +32,10 @@ s_str NoMatchingFunction(const s_str& name, const s_str& signature, const s_ctnr
 s_str NotOneReturnValue();
 s_str EmptyIndex();
 s_str IndexOnNothing();
-s_str NestedTooDeeply();
+// Of memory, or of what a host has set.
+s_str LimitReached(Failure limit);
+s_str EndlessFactorial(const s_str& number);
+s_str EndlessIndex();
 s_str LeadsBackToItself(std::string_view expression);  // of a reference in a ring
 s_str TooLong();
 s_str SymbolAssignedToSymbol();  // a warning

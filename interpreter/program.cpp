@@ -13,12 +13,4 @@ void Program::Release(SymbolTable& names) {
   Clear();
 }
 
-void Program::Clear() {
-  code.clear();
-  root = Root::kOperation;
-  if (!extra) return;
-  extra->types.clear();
-  extra->message.Clear();
-}
-
 }  // namespace Quarn

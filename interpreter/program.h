@@ -40,6 +40,7 @@ enum class Code : std::uint8_t {
   kNumberElement,  // adds a number to the list
   kEndList,        // pushes the value of the list
   kCall,           // replaces the arguments of a function
+  kPause,          // stands among many instructions, so that what runs them can be stopped
 };
 
 struct Part {
@@ -77,6 +78,13 @@ struct Program {
     // Of kFail, which is always the last instruction.
     s_str message;
     Place place;
+    Failure failure = Failure::kForm;
+
+    void Clear() {
+      types.clear();
+      message.Clear();
+      failure = Failure::kForm;
+    }
   };
   Extra& GetExtra() {
     if (!extra) extra = std::make_unique<Extra>();
@@ -84,7 +92,11 @@ struct Program {
   }
 
   // Makes it empty.
-  void Clear();
+  void Clear() {
+    code.clear();
+    root = Root::kOperation;
+    if (extra) extra->Clear();
+  }
   // Gives back the names and cells that the instructions hold, and makes it empty.
   void Release(SymbolTable& names);
 

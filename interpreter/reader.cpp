@@ -1,26 +1,12 @@
 #include "interpreter/reader.h"
 
 #include "interpreter/messages.h"
-#include "utils/shrink.h"
 
 namespace Quarn {
-namespace {
 
-std::optional<BracketIndex> MakeIndex(std::string_view text, std::vector<Bracket>& storage,
-                                      const BracketIndex* known) {
-  if (known) return std::nullopt;
-  return std::optional<BracketIndex>(std::in_place, text, storage);
-}
-
-}  // namespace
-
-void ReaderStorage::Shrink() {
-  ShrinkIfLarge(brackets);
-  ShrinkIfLarge(levels);
-}
-
-std::size_t ReaderStorage::GetBytes() const {
-  return brackets.size() * sizeof(Bracket) + levels.size() * sizeof(Level);
+void ReaderStorage::GiveBack() {
+  std::vector<Bracket>().swap(brackets);
+  levels.GiveBack();
 }
 
 Reader::Reader(const Registries& registries, ReaderStorage& storage, std::string_view text,
@@ -30,18 +16,13 @@ Reader::Reader(const Registries& registries, ReaderStorage& storage, std::string
       text_(text),
       options_(options),
       is_leaf_(options.is_leaf),
-      level_base_(storage.levels.size()),
-      own_brackets_(MakeIndex(text, storage.brackets, options.brackets)),
-      brackets_(options.brackets ? *options.brackets : *own_brackets_),
+      level_base_(storage.levels.GetSize()),
+      own_brackets_(options.brackets ? std::string_view() : text, storage.brackets),
+      brackets_(options.brackets ? *options.brackets : own_brackets_),
       begin_(options.begin),
       end_(options.brackets ? options.end : static_cast<std::uint32_t>(text.size())) {}
 
-Reader::~Reader() { Finish(); }
-
-void Reader::Finish() {
-  storage_.levels.erase(storage_.levels.begin() + static_cast<std::ptrdiff_t>(level_base_),
-                        storage_.levels.end());
-}
+Reader::~Reader() { storage_.levels.Shrink(level_base_); }
 
 bool Reader::Read(Program& program, std::size_t most) {
   program_ = &program;
@@ -59,22 +40,28 @@ bool Reader::Read(Program& program, std::size_t most) {
     }
   }
   while (step == Step::kOperand) {
-    if (program.code.size() >= most) {
-      Emit(Code::kEnd, 0);
-      return true;
+    if (options_.nesting != Limits::kNone && IsTooDeep()) break;
+    if (program.code.size() >= most_) {
+      Emit(options_.names ? Code::kPause : Code::kEnd, 0);
+      if (!options_.names) return true;
+      most_ += most;
     }
     step = Top().is_between_parts ? NextPart() : ReadOperands();
     if (step == Step::kRest) step = ReadRest();
   }
-  Finish();
   if (step == Step::kDone) Emit(Code::kEnd, end_);
   return false;
 }
 
 // ---- Levels ----
 
+bool Reader::IsTooDeep() {
+  if (storage_.levels.GetSize() - level_base_ <= options_.nesting) return false;
+  return !Fail(messages::LimitReached(Failure::kNesting), 0, 0, Failure::kNesting);
+}
+
 Reader::Level& Reader::Open(LevelKind kind, std::uint32_t position) {
-  Level& level = storage_.levels.emplace_back();
+  Level& level = storage_.levels.Push();
   level.kind = kind;
   level.position = position;
   return level;
@@ -108,8 +95,7 @@ bool Reader::IsBetweenPartners(std::uint32_t begin, std::uint32_t end,
 }
 
 // Are the brackets balanced at the top level of a stretch?
-bool Reader::CheckBrackets(std::uint32_t begin, std::uint32_t end, std::uint32_t bracket) {
-  if (brackets_.IsPlain()) return true;
+bool Reader::CheckEachBracket(std::uint32_t begin, std::uint32_t end, std::uint32_t bracket) {
   if (brackets_.IsWellNested() && IsBetweenPartners(begin, end, bracket)) return true;
   for (std::uint32_t i = begin; i < end; ++i) {
     const CharacterClass kind = Classify(At(i));
@@ -186,7 +172,7 @@ Reader::Step Reader::EndList(const Level& level) {
     list.is_whole = level.is_whole_leaf;
     if (level.is_whole_leaf) program_->root = Program::Root::kLeaf;
   }
-  storage_.levels.pop_back();
+  storage_.levels.Drop(1);
   return Step::kRest;
 }
 
@@ -212,7 +198,7 @@ Reader::Step Reader::Close() {
       EmitBinary(kIndexing, level.position);
       break;
   }
-  storage_.levels.pop_back();
+  storage_.levels.Drop(1);
   return Step::kRest;
 }
 
@@ -342,7 +328,8 @@ void Reader::EmitElement() {
   }
 }
 
-bool Reader::Fail(const s_str& message, std::uint32_t begin, std::uint32_t end) {
+bool Reader::Fail(const s_str& message, std::uint32_t begin, std::uint32_t end, Failure failure) {
+  program_->GetExtra().failure = failure;
   program_->GetExtra().message = message;
   program_->GetExtra().place = {begin, end - begin};
   Emit(Code::kFail, begin);

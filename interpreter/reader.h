@@ -13,13 +13,14 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string_view>
 #include <vector>
 
 #include "interpreter/bracket_index.h"
+#include "interpreter/limits.h"
 #include "interpreter/program.h"
 #include "interpreter/registries.h"
+#include "utils/stack.h"
 
 namespace Quarn {
 
@@ -71,11 +72,13 @@ struct ReaderStorage {
   };
 
   std::vector<Bracket> brackets;
-  std::vector<Level> levels;
+  Stack<Level> levels;
 
-  // Gives back what grew beyond a megabyte.
-  void Shrink();
-  std::size_t GetBytes() const;
+  std::size_t GetBytes() const { return brackets.size() * sizeof(Bracket) + levels.GetBytes(); }
+  std::size_t GetBytesKept() const {
+    return brackets.capacity() * sizeof(Bracket) + levels.GetBytesKept();
+  }
+  void GiveBack();
 };
 
 // How a text is to be read.
@@ -86,6 +89,8 @@ struct ReadOptions {
   bool is_leaf = false;
   // Where symbols are looked up when the program is kept; they then become kName.
   SymbolTable* names = nullptr;
+  // So many levels are too many.
+  std::uint64_t nesting = Limits::kNone;
   // The stretch of the text that is read, and the index of the brackets of all of it. Without one,
   // the whole text is read.
   const BracketIndex* brackets = nullptr;
@@ -104,7 +109,8 @@ class Reader {
   Reader& operator=(const Reader&) = delete;
 
   // Adds instructions until the text is read or there are about `most`, and ends them by kEnd or
-  // kFail. True when there is more to read, which goes on from an empty `code`.
+  // kFail. True when there is more to read, which goes on from an empty `code`. A program that is
+  // kept is read as a whole, and pauses as often.
   bool Read(Program& program, std::size_t most);
 
  private:
@@ -115,7 +121,7 @@ class Reader {
   // was opened, nothing since all is read, or nothing since there is a mistake.
   enum class Step : std::uint8_t { kRest, kOperand, kDone, kFailed };
 
-  Level& Top() { return storage_.levels.back(); }
+  Level& Top() { return storage_.levels[0]; }
   char At(std::uint32_t position) const { return text_.data()[position]; }
   std::uint32_t ToPosition(const char* at) const {
     return static_cast<std::uint32_t>(at - text_.data());
@@ -125,18 +131,21 @@ class Reader {
   }
 
   // Levels.
+  bool IsTooDeep();
   Level& Open(LevelKind kind, std::uint32_t position);
   bool Enter(Level& level, std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
   bool EnterChecked(Level& level, std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
   bool IsBetweenPartners(std::uint32_t begin, std::uint32_t end, std::uint32_t bracket) const;
-  bool CheckBrackets(std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
+  bool CheckBrackets(std::uint32_t begin, std::uint32_t end, std::uint32_t bracket) {
+    return brackets_.IsPlain() || CheckEachBracket(begin, end, bracket);
+  }
+  bool CheckEachBracket(std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
   Step OpenParentheses(std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
   Step OpenList(Level& level, std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
   Step Close();
   Step NextPart();
   bool ReadNumberPart(Level& level);
   Step EndList(const Level& level);
-  void Finish();
 
   // Operands and operators.
   Step ReadOperands();
@@ -153,10 +162,12 @@ class Reader {
   Step ReadLeaf(std::uint32_t begin, std::uint32_t end, std::uint32_t bracket);
   Step ReadLiteral(const TypeRow& type, std::uint32_t begin, std::uint32_t end,
                    std::uint32_t bracket);
-  void ReadSymbol(std::uint32_t begin, std::uint32_t end);
+  void ReadSymbol(std::uint32_t begin, std::uint32_t end, bool is_whole);
   Step ReadCall(std::uint32_t begin, std::uint32_t end, std::uint32_t open, std::uint32_t bracket);
   Step ReadIndexing(std::uint32_t begin, std::uint32_t open, std::uint32_t close,
                     std::uint32_t bracket);
+  Step ReadIndex(std::uint32_t open, std::uint32_t close, std::uint32_t bracket);
+  bool IsPlainName(std::string_view text) const;
   bool FailAmbiguous(const Registries::LiteralStart& start, std::uint32_t begin, std::uint32_t end);
 
   std::uint32_t Skip(std::uint32_t begin, std::uint32_t end, std::uint32_t& bracket,
@@ -175,7 +186,8 @@ class Reader {
   }
   void EmitBinary(std::uint8_t op, std::uint32_t position);
   void EmitElement();
-  bool Fail(const s_str& message, std::uint32_t begin, std::uint32_t end);
+  bool Fail(const s_str& message, std::uint32_t begin, std::uint32_t end,
+            Failure failure = Failure::kForm);
 
   const Registries& registries_;
   ReaderStorage& storage_;
@@ -183,7 +195,7 @@ class Reader {
   const ReadOptions options_;
   bool is_leaf_;  // until the first operand
   const std::size_t level_base_;
-  const std::optional<BracketIndex> own_brackets_;
+  const BracketIndex own_brackets_;  // of nothing, when the text has one already
   const BracketIndex& brackets_;
   const std::uint32_t begin_;
   const std::uint32_t end_;

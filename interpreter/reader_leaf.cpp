@@ -27,8 +27,16 @@ Reader::Step Reader::ReadLeaf(std::uint32_t begin, std::uint32_t end, std::uint3
   }
   if (type) return ReadLiteral(*type, begin, end, bracket);
   if (IsAlphanumeric(text) || text == SymbolTable::kLastResult) {
-    ReadSymbol(begin, end);
+    ReadSymbol(begin, end, IsWhole(Top()));
     return Step::kRest;
+  }
+  // The first bracket decides by itself, if it is a parenthesis, or the only one.
+  if (bracket < brackets_.GetSize()) {
+    const auto [open, close, next] = brackets_[bracket];
+    if (open < end && At(open) == '(') return ReadCall(begin, end, open, bracket);
+    if (close + 1 == end && At(open) == '[' && next == bracket + 1) {
+      return ReadIndexing(begin, open, close, bracket);
+    }
   }
   const std::uint32_t parenthesis = FindNext('(', begin, end);
   if (parenthesis != Bracket::kOpenEnd) return ReadCall(begin, end, parenthesis, bracket);
@@ -82,14 +90,12 @@ Reader::Step Reader::ReadLiteral(const TypeRow& type, std::uint32_t begin, std::
   return Step::kRest;
 }
 
-void Reader::ReadSymbol(std::uint32_t begin, std::uint32_t end) {
-  const Level& level = Top();
-  const bool is_whole = IsWhole(level);
+void Reader::ReadSymbol(std::uint32_t begin, std::uint32_t end, bool is_whole) {
   if (is_whole) program_->root = Program::Root::kLeaf;
   Name* name = options_.names ? options_.names->Bind(Text(begin, end)) : nullptr;
   Instruction& symbol = Emit(name ? Code::kName : Code::kSymbol, begin);
   symbol.is_whole = is_whole;
-  symbol.allows_new = is_whole && level.allows_new;
+  symbol.allows_new = is_whole && Top().allows_new;
   if (name) {
     symbol.name = name;
   } else {
@@ -102,7 +108,8 @@ Reader::Step Reader::ReadCall(std::uint32_t begin, std::uint32_t end, std::uint3
   const std::string_view name = TrimSpaces(Text(begin, open));
   const std::size_t function = registries_.FindFunction(name);
   if (function == Registries::kNoFunction) {
-    Fail(messages::UndefinedFunction(name), begin, begin + static_cast<std::uint32_t>(name.size()));
+    Fail(messages::UndefinedFunction(name), begin, begin + static_cast<std::uint32_t>(name.size()),
+         Failure::kUnknownName);
     return Step::kFailed;
   }
   bracket = FindBracket(bracket, open);
@@ -134,11 +141,32 @@ Reader::Step Reader::ReadIndexing(std::uint32_t begin, std::uint32_t open, std::
     Fail(messages::IndexOnNothing(), open, open + 1);
     return Step::kFailed;
   }
+  if (IsPlainName(Text(begin, open))) {
+    ReadSymbol(begin, open, false);
+    return ReadIndex(open, close, bracket + 1);
+  }
   Level& level = Open(LevelKind::kObject, open);
   level.list_at = open + 1;
   level.list_end = close;
   level.list_bracket = FindBracket(bracket, open + 1);
   return EnterChecked(level, begin, open, bracket) ? Step::kOperand : Step::kFailed;
+}
+
+// Is it surely a symbol, since no type may claim it?
+bool Reader::IsPlainName(std::string_view text) const {
+  return registries_.GetLiteralStart(text.front()).types.empty() && IsAlphanumeric(text);
+}
+
+// The index of an object that was read, which is a number most of the time.
+Reader::Step Reader::ReadIndex(std::uint32_t open, std::uint32_t close, std::uint32_t bracket) {
+  const NumberPrefix number = ReadNumber(open + 1, close);
+  if (number.end && ToPosition(number.end) == close) {
+    EmitNumber(Code::kNumber, open + 1, number.number);
+    EmitBinary(kIndexing, open);
+    return Step::kRest;
+  }
+  Level& level = Open(LevelKind::kIndex, open);
+  return EnterChecked(level, open + 1, close, bracket) ? Step::kOperand : Step::kFailed;
 }
 
 }  // namespace Quarn

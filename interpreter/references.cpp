@@ -10,25 +10,26 @@ const Answer* Machine::Ask(Cell& cell) {
     return &answer_;
   }
   if (cell.state >= Cell::State::kUnderWay) {
-    abort_ = Abort::kRing;
+    abort_ = Failure::kRing;
     ring_ = CellPtr(&cell);
     ring_is_known_ = ring_is_nested_ = false;
     return nullptr;
   }
   if (cell.state == Cell::State::kStale || cell.version != registries_.GetVersion()) {
-    if (FitsMemory()) PushCell(cell);
+    if (FitsLimits()) PushCell(cell);
     return nullptr;
   }
   if (frame.reader) cell.readers.Add(*frame.reader);
   if (cell.answer.outcome != Outcome::kRing) return &cell.answer;
-  abort_ = Abort::kRing;
+  abort_ = Failure::kRing;
   ring_ = CellPtr(&cell);
   ring_is_known_ = true;
   ring_is_nested_ = false;
   return nullptr;
 }
 
-void Machine::PushCell(Cell& cell) {
+// False when that is a step too many.
+bool Machine::PushCell(Cell& cell) {
   const CellPtr shared(&cell);
   if (!cell.is_read || cell.version != registries_.GetVersion()) Read(cell);
   cell.Unlink();
@@ -36,6 +37,7 @@ void Machine::PushCell(Cell& cell) {
   Frame& frame = PushFrame(cell.program, cell.GetSharedText().GetWhole(), Symbol::NoName());
   frame.cell = shared;
   frame.reader = &cell;
+  return Spend(cell.program.code.size());
 }
 
 // References in the expression keep their cells, so that they need be read only once.
@@ -44,14 +46,14 @@ void Machine::Read(Cell& cell) {
   cell.is_read = false;
   scratch_.Release(symbols_);
   const SharedText& text = cell.GetSharedText();
-  ReadOptions options{.is_leaf = cell.is_leaf, .names = &symbols_};
+  ReadOptions options{
+      .is_leaf = cell.is_leaf, .names = &symbols_, .nesting = budget_.GetLimits().nesting};
   if (cell.GetText().size() < text.GetWhole().size()) {
     options.brackets = &text.GetBrackets();
     options.begin = text.GetBegin();
     options.end = text.GetEnd();
   }
-  Reader(registries_, reader_storage_, text.GetWhole(), options)
-      .Read(scratch_, static_cast<std::size_t>(-1));
+  Reader(registries_, reader_storage_, text.GetWhole(), options).Read(scratch_, kChunk);
   for (Instruction& instruction : scratch_.code) {
     if (instruction.code != Code::kReference || instruction.part.length == 0) continue;
     instruction.code = Code::kCell;
@@ -99,11 +101,11 @@ Machine::Step Machine::Deliver(Answer answer) {
   const CellPtr cell = Top().cell;
   const bool is_impure = Top().is_impure;
   PopFrame();
-  Cell* reader = frames_.empty() ? nullptr : Top().reader;
+  Cell* reader = frames_.IsEmpty() ? nullptr : Top().reader;
   if (is_impure || !keeps_values_ || cell->state != Cell::State::kUnderWay) {
     cell->Unlink();
     cell->state = Cell::State::kStale;
-    if (!frames_.empty()) Top().is_impure = true;
+    if (!frames_.IsEmpty()) Top().is_impure = true;
   } else {
     cell->answer = answer;
     cell->state = Cell::State::kFresh;

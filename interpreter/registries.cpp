@@ -36,6 +36,14 @@ int CountNumbers(const s_ctnr<s_str>& types) {
 
 }  // namespace
 
+bool Registries::IsWithinReach(std::string_view name) const {
+  if (name.empty()) return false;
+  for (const TypeRow* type : GetLiteralStart(name.front()).types) {
+    if (type->is_literal(name)) return false;
+  }
+  return true;
+}
+
 // Memory that runs out while something is registered leaves all as it was, or has the row in use:
 // what may fail is made before anything changes.
 void Registries::AddType(const TypeRow& row) {

@@ -41,6 +41,10 @@ class Registries {
     return literals_[static_cast<unsigned char>(start)];
   }
 
+  // Can an expression ask for a symbol of the name? Nothing asks for the empty one, and a literal
+  // is taken for one before it is looked up.
+  bool IsWithinReach(std::string_view name) const;
+
   // A function of a name, with its overloads.
   struct NamedFunction {
     const s_str* name;
@@ -94,7 +98,7 @@ class Registries {
   std::array<LiteralStart, 256> literals_;
   std::array<const ByLeft*, kOperators> binary_index_{};
   // One more than there are operators: of any other there is none.
-  std::array<BinaryOnNumbers, kOperators + 1> on_numbers_{};
+  BinaryOnNumbers on_numbers_[kOperators + 1] = {};
   void IndexCommon();
   const RegisteredBinary* common_[kOperators + 1][2][2] = {};
   s_str list_type_ = {};  // the name of the type whose literals are lists

@@ -6,80 +6,76 @@
 
 namespace Quarn {
 
-Machine::Step Machine::RunFrame() {
-  if (Top().is_following) return FollowOn();
-  // Both are looked up anew after whatever may call back.
-  Frame* frame = &Top();
-  const Instruction* at = frame->program->code.data() + frame->next;
-  while (true) {
+// Runs what is usual, and cannot fail or wait: numbers, and symbols that hold some. Returns the
+// first instruction that is something else.
+inline const Instruction* Machine::RunNumbers(const Instruction* at, Frame& frame) {
+  Cell* const reader = frame.reader;
+  Operand* top = operands_.GetTop();
+  const auto apply = [&](double right) {
+    const BinaryOnNumbers body = registries_.GetOnNumbers(at->op);
+    if (!body || !top->IsNumber()) return false;
+    top->SetNumber(body(top->GetNumber(), right));
+    return true;
+  };
+  for (;; ++at) {
     switch (at->code) {
       case Code::kNumber:
-        operands_.Push(at->number);
-        ++at;
+        top = &operands_.Push(at->number);
         continue;
-      case Code::kBinaryNumber: {
-        Operand& left = operands_[0];
-        const BinaryOnNumbers apply = registries_.GetOnNumbers(at->op);
-        if (!apply || !left.IsNumber() || frame->stage != 0) break;
-        left.SetNumber(apply(left.GetNumber(), at->number));
-        ++at;
+      case Code::kBinaryNumber:
+        if (!apply(at->number)) return at;
         continue;
-      }
       case Code::kBinary: {
-        const Operand& right = operands_[0];
-        Operand& left = operands_[1];
-        const BinaryOnNumbers apply = registries_.GetOnNumbers(at->op);
-        if (!apply || !left.IsNumber() || !right.IsNumber()) break;
-        left.SetNumber(apply(left.GetNumber(), right.GetNumber()));
-        operands_.PopNumber();
-        ++at;
+        if (!top->IsNumber()) return at;
+        const double right = top->GetNumber();
+        --top;
+        if (!apply(right)) return at;
+        operands_.Drop(1);
         continue;
       }
       case Code::kName:
-        if (!at->name->IsNumber() || frame->stage != 0) break;
-        if (frame->reader) at->name->readers.Add(*frame->reader);
-        operands_.Push(at->name->number);
-        ++at;
+        if (!at->name->IsNumber()) return at;
+        if (reader) at->name->readers.Add(*reader);
+        top = &operands_.Push(at->name->number);
         continue;
-      case Code::kBinaryName: {
-        Operand& left = operands_[0];
-        const BinaryOnNumbers apply = registries_.GetOnNumbers(at->op);
-        if (!apply || !left.IsNumber() || !at->name->IsNumber() || frame->stage != 0) break;
-        if (frame->reader) at->name->readers.Add(*frame->reader);
-        left.SetNumber(apply(left.GetNumber(), at->name->number));
-        ++at;
+      case Code::kBinaryName:
+        if (!at->name->IsNumber() || !apply(at->name->number)) return at;
+        if (reader) at->name->readers.Add(*reader);
         continue;
-      }
       case Code::kSymbol: {
         const Name* name = symbols_.Find(TextOf(*at));
-        if (!name || !name->IsNumber()) break;
-        operands_.Push(name->number);
-        ++at;
+        if (!name || !name->IsNumber()) return at;
+        top = &operands_.Push(name->number);
         continue;
       }
       case Code::kNumberElement:
-        if (!lists_.back().are_numbers) break;
-        lists_.back().elements->Add(at->number);
-        ++at;
+        if (!lists_[0].are_numbers) return at;
+        lists_[0].elements->Add(at->number);
         continue;
-      case Code::kCall: {
-        const Registries::NamedFunction& function = registries_.GetFunction(at->part.id);
-        if (frame->stage != 0 || !CallOnNumbers(function, at->part.length)) break;
-        ++at;
+      case Code::kCall:
+        if (!CallOnNumbers(*at, frame)) return at;
+        top = operands_.GetTop();
         continue;
-      }
-      case Code::kEnd:
-        frame->next = static_cast<std::uint32_t>(at - frame->program->code.data());
-        return Step::kEnd;
       default:
-        break;
+        return at;
     }
-    frame->next = static_cast<std::uint32_t>(at - frame->program->code.data());
+  }
+}
+
+Machine::Step Machine::RunFrame() {
+  if (Top().is_following) return FollowOn();
+  while (true) {
+    Frame& frame = Top();
+    const Instruction* const code = frame.program->code.data();
+    const Instruction* at = code + frame.next;
+    if (frame.stage == 0) at = RunNumbers(at, frame);
+    frame.next = static_cast<std::uint32_t>(at - code);
+    if (at->code == Code::kEnd) return Step::kEnd;
     const Step step = RunSlowly(*at);
     if (step != Step::kNext) return step;
-    frame = &Top();
-    frame->stage = 0;
-    ++at;
+    // The frame is looked up anew: it may have moved.
+    Top().stage = 0;
+    ++Top().next;
   }
 }
 
@@ -108,7 +104,7 @@ Machine::Step Machine::RunSlowly(const Instruction& instruction) {
     case Code::kRightUnary:
       return Unary(instruction.code, instruction.op);
     case Code::kBeginList:
-      lists_.emplace_back().elements = s_refptr<Elements>(new Elements);
+      lists_.Push().elements = s_refptr<Elements>(new Elements);
       return Step::kNext;
     case Code::kNumberElement:
       operands_.Push(instruction.number);
@@ -119,18 +115,21 @@ Machine::Step Machine::RunSlowly(const Instruction& instruction) {
       return EndList(instruction);
     case Code::kCall:
       return Call(instruction);
+    case Code::kPause:
+      return Spend(0) ? Step::kNext : Step::kFailed;
     default:
-      return Fail(Top().program->extra->message);
+      return Fail(Top().program->extra->failure, Top().program->extra->message);
   }
 }
 
-Machine::Step Machine::Fail(const s_str& message) {
+Machine::Step Machine::Fail(Failure failure, const s_str& message) {
+  Top().failure = failure;
   AddError(GetError(), message);
   return Step::kFailed;
 }
 
 std::string_view Machine::TextOf(const Instruction& instruction) const {
-  return frames_.back().text.substr(instruction.position, instruction.part.length);
+  return frames_[0].text.substr(instruction.position, instruction.part.length);
 }
 
 // ---- Symbols ----
@@ -154,6 +153,10 @@ Machine::Step Machine::PushSymbol(const Instruction& instruction) {
     operands_.Push(cell.answer.value.GetNumber());
     return Step::kNext;
   }
+  if (IsLookedAtOnly(*object, (&instruction)[1])) {
+    operands_.Push().SetObject(object);
+    return Step::kNext;
+  }
   operands_.Push(Operand::CopyOf(*object));
   if (!instruction.is_whole || Top().name->IsEmpty()) return Step::kNext;
   return WarnAboutSymbol();
@@ -170,9 +173,17 @@ bool Machine::IsAppliedAtOnce(const Instruction& instruction) const {
          registries_.GetOnNumbers(next.op);
 }
 
+// Will a list be an operand of what takes operands as they are, and looks at neither their names
+// nor who else has them?
+bool Machine::IsLookedAtOnly(const Symbol& object, const Instruction& next) const {
+  if (next.code != Code::kBinaryNumber || object.GetKind() != Symbol::Kind::kList) return false;
+  const RegisteredBinary* entry = registries_.FindBinary(next.op, true, false);
+  return entry && entry->on_operands;
+}
+
 Machine::Step Machine::FailToFind(std::string_view text, const Instruction& instruction) {
   if (!instruction.allows_new || !Top().name->IsEmpty()) {
-    return Fail(messages::UnknownSymbol(text));
+    return Fail(Failure::kUnknownName, messages::UnknownSymbol(text));
   }
   operands_.Push(s_refptr<Symbol>(new Symbol(s_str(text))));
   return Step::kNext;
@@ -199,7 +210,7 @@ Machine::Step Machine::PushLiteral(const Instruction& instruction) {
   const s_str name = instruction.is_whole ? *Top().name : s_str();
   const s_str text(TextOf(instruction));
   s_refptr<Symbol> value = type.create_from(state_, name, text, GetError());
-  if (!value || abort_ != Abort::kNone) return Step::kFailed;
+  if (!value || abort_ != Failure::kNone) return Step::kFailed;
   Operand operand;
   // The whole of an expression bears the name that its type gave it.
   instruction.is_whole ? operand.SetObject(std::move(value)) : void(operand = Operand(value));
@@ -223,38 +234,44 @@ Machine::Step Machine::PushReference(const Instruction& instruction) {
 // An element that is a reference has no type until all are known.
 Machine::Step Machine::AddElement() {
   Operand element = operands_.Pop();
-  if (lists_.back().are_numbers && element.IsNumber()) {
-    lists_.back().elements->Add(element.GetNumber());
+  if (lists_[0].are_numbers && element.IsNumber()) {
+    lists_[0].elements->Add(element.GetNumber());
     return Step::kNext;
   }
   const s_str type = element.GetFullType();
-  List& list = lists_.back();
+  List& list = lists_[0];
   if (list.are_numbers && list.elements->GetSize() > 0) list.types.Accept(kNumberType, GetError());
   list.are_numbers = false;
   list.elements->Add(std::move(element));
-  return list.types.Accept(type, GetError()) ? Step::kNext : Step::kFailed;
+  return list.types.Accept(type, GetError()) ? Step::kNext : FailOnTypes();
 }
 
 Machine::Step Machine::EndList(const Instruction& instruction) {
-  if (lists_.back().types.HasReferences()) {
+  if (lists_[0].types.HasReferences()) {
     const Step step = CheckReferences();
     if (step != Step::kNext) return step;
   }
-  const s_refptr<Elements> elements = std::move(lists_.back().elements);
-  lists_.pop_back();
+  const s_refptr<Elements> elements = std::move(lists_[0].elements);
+  lists_.Drop(1);
   const s_str& name = instruction.is_whole ? *Top().name : Symbol::NoName();
   operands_.Push(instruction.type->create_list(name, elements));
   return Step::kNext;
 }
 
+// The types of the elements differ.
+Machine::Step Machine::FailOnTypes() {
+  Top().failure = Failure::kNoMatch;
+  return Step::kFailed;
+}
+
 Machine::Step Machine::CheckReferences() {
-  const s_refptr<Elements> elements = lists_.back().elements;
+  const s_refptr<Elements> elements = lists_[0].elements;
   for (; Top().stage < elements->GetSize(); ++Top().stage) {
     const Operand element = (*elements)[Top().stage];
     if (element.GetFullType().GetView() != kReferenceType) continue;
     s_str type;
     if (!GetType(element, type)) return Stop();
-    if (!lists_.back().types.AcceptReference(type, GetError())) return Step::kFailed;
+    if (!lists_[0].types.AcceptReference(type, GetError())) return FailOnTypes();
   }
   return Step::kNext;
 }

@@ -18,16 +18,6 @@ std::ostream& StandardOutput() {
   return std::cout;
 }
 
-// Can an expression ask for the name? Nothing asks for the empty one, and a literal is taken for
-// one before it is looked up.
-bool IsWithinReach(const Registries& registries, std::string_view name) {
-  if (name.empty()) return false;
-  for (const TypeRow* type : registries.GetLiteralStart(name.front()).types) {
-    if (type->is_literal(name)) return false;
-  }
-  return true;
-}
-
 }  // namespace
 
 State::State() : State(StandardOutput(), std::cin) {}
@@ -60,9 +50,9 @@ s_bool State::CheckName(std::string_view name, s_str& error) {
 s_refptr<Symbol> State::ParseSymbol(const s_str& name, s_str expression, s_str& error,
                                     s_bool allow_new_symbol) {
   Evaluated result;
-  Place place;
+  Diagnosis diagnosis;
   const bool allows_new = allow_new_symbol ? true : false;
-  if (!core_->machine.Evaluate(expression.GetView(), name, allows_new, result, error, place)) {
+  if (!core_->machine.Evaluate(expression.GetView(), name, allows_new, result, error, diagnosis)) {
     return {};
   }
   if (!result.value.IsNumber()) return result.value.GetValue();
@@ -86,12 +76,15 @@ s_refptr<Symbol> State::ApplyLeftUnaryOperator(std::string_view op, s_refptr<Sym
 
 // ---- For a host program ----
 
+Expression State::Prepare(std::string_view text) { return Expression(*core_, text); }
+Variable State::GetVariable(std::string_view name) { return Variable(*core_, name); }
+
 Result State::Compute(std::string_view expression) {
   s_str error;
   Evaluated result;
-  Place place;
-  if (!core_->machine.Evaluate(expression, Symbol::NoName(), false, result, error, place)) {
-    return {{}, error.Take(), place};
+  Diagnosis diagnosis;
+  if (!core_->machine.Evaluate(expression, Symbol::NoName(), false, result, error, diagnosis)) {
+    return {{}, error.Take(), diagnosis.place, diagnosis.failure};
   }
   return {result.value.Take(), {}};
 }
@@ -103,9 +96,11 @@ s_refptr<Symbol> State::GetSymbol(std::string_view name) const {
 
 Result State::SetSymbol(std::string_view name, const s_refptr<Symbol>& value) {
   s_str error;
-  if (!CheckName(name, error)) return {{}, error.Take()};
-  if (!IsWithinReach(core_->registries, name)) return {{}, messages::NameOutOfReach(name).Take()};
-  if (!value) return {{}, messages::NoValueToSet(name).Take()};
+  if (!CheckName(name, error)) return {{}, error.Take(), {}, Failure::kForm};
+  if (!core_->registries.IsWithinReach(name)) {
+    return {{}, messages::NameOutOfReach(name).Take(), {}, Failure::kForm};
+  }
+  if (!value) return {{}, messages::NoValueToSet(name).Take(), {}, Failure::kValue};
   s_refptr<Symbol> symbol = value->Clone();
   symbol->SetName(s_str(name));
   core_->symbols.Set(name, symbol);
@@ -118,7 +113,12 @@ bool State::EraseSymbol(std::string_view name) {
   return true;
 }
 
-void State::SetMemoryLimit(std::size_t bytes) { core_->machine.SetMemoryLimit(bytes); }
+void State::SetLimits(const Limits& limits) { core_->machine.GetBudget().SetLimits(limits); }
+const Limits& State::GetLimits() const { return core_->machine.GetBudget().GetLimits(); }
+void State::Interrupt() { core_->machine.GetBudget().Interrupt(); }
+bool State::Spend(std::uint64_t steps) {
+  return core_->machine.IsIdle() || core_->machine.Spend(steps);
+}
 
 // ---- Registration ----
 

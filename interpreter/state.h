@@ -14,6 +14,8 @@
 #include <memory>
 
 #include "interpreter/embedding.h"
+#include "interpreter/expression.h"
+#include "interpreter/limits.h"
 #include "interpreter/registry.h"
 
 namespace Quarn {
@@ -46,6 +48,9 @@ class State {
 
   // The value of an expression. Changes nothing, not even the last result.
   Result Compute(std::string_view expression);
+  // The same for a text that is evaluated many times, and a symbol that is given numbers as often.
+  Expression Prepare(std::string_view text);
+  Variable GetVariable(std::string_view name);
   // The value of a symbol, "_" included; null when no symbol bears the name. It stays the symbol's:
   // Clone it to change it.
   s_refptr<Symbol> GetSymbol(std::string_view name) const;
@@ -55,9 +60,18 @@ class State {
   Result SetSymbol(std::string_view name, const s_refptr<Symbol>& value);
   // False when no symbol bears the name. The last result is always there and cannot be erased.
   bool EraseSymbol(std::string_view name);
-  // Evaluations may hold so many bytes; what needs more fails as nested too deeply and changes
-  // nothing. Without a call there is no limit.
-  void SetMemoryLimit(std::size_t bytes);
+
+  // ---- Limits ----
+
+  // What evaluations may use from now on; none has limits before.
+  void SetLimits(const Limits& limits);
+  const Limits& GetLimits() const;
+  // Ends the evaluation or the line under way, with an error; without one it does nothing. From any
+  // thread, and from signal handlers.
+  void Interrupt();
+  // For operators and functions that take long: counts steps of the evaluation under way. When
+  // false, that is to end: return a failure.
+  bool Spend(std::uint64_t steps);
 
   // ---- Expressions ----
 

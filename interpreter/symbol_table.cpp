@@ -57,7 +57,10 @@ void SymbolTable::Set(std::string_view text, s_refptr<Symbol> value) {
 }
 
 void SymbolTable::SetNumber(std::string_view text, double number, bool is_named) {
-  Name& name = FindOrAdd(text);
+  SetNumber(FindOrAdd(text), number, is_named);
+}
+
+void SymbolTable::SetNumber(Name& name, double number, bool is_named) {
   const s_refptr<Symbol> before = std::move(name.object);
   name.number = number;
   SetContent(name, is_named ? Name::Content::kNumber : Name::Content::kUnnamedNumber);

@@ -67,6 +67,14 @@ class SymbolTable {
   void Set(std::string_view name, s_refptr<Symbol> value);
   // A number that bears the name, or none.
   void SetNumber(std::string_view name, double number, bool is_named);
+  // The same for a name that is known.
+  void SetNumber(Name& name, double number) {
+    if (name.content == Name::Content::kNumber) {
+      name.number = number;
+      return name.readers.Invalidate();
+    }
+    SetNumber(name, number, true);
+  }
   // A number may bear the name of the symbol that was given it.
   void SetLastResult(const Operand& value, std::string_view name_of_number = {});
 
@@ -103,6 +111,7 @@ class SymbolTable {
   }
   Name& FindOrAdd(std::string_view name);
   void Grow();
+  void SetNumber(Name& name, double number, bool is_named);
   void SetContent(Name& name, Name::Content content);
   void RemoveIfUnused(Name& name);
   void Vacate(std::size_t slot);

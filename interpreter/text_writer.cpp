@@ -1,5 +1,7 @@
 #include "interpreter/text_writer.h"
 
+#include <algorithm>
+
 #include "interpreter/machine.h"
 #include "utils/s_str_convert.h"
 
@@ -27,13 +29,23 @@ void TextWriter::AppendList(std::string_view open, const s_refptr<Elements>& ele
     level.close = close;
     return;
   }
-  std::string_view before;
-  for (double number : elements->GetNumbers()) {
-    text_.Append(before);
-    AppendNumber(number);
-    before = separator;
-  }
+  AppendNumbers(elements->GetNumbers(), separator);
   text_.Append(close);
+}
+
+void TextWriter::AppendNumbers(std::span<const double> numbers, std::string_view separator) {
+  constexpr std::size_t kBlock = 1024;
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    if (i % kBlock == 0 && !FitsLimits(std::min(kBlock, numbers.size() - i))) return;
+    if (i > 0) text_.Append(separator);
+    AppendNumber(numbers[i]);
+  }
+}
+
+bool TextWriter::FitsLimits(std::size_t elements) {
+  if (!machine_ || is_cut_off_) return !is_cut_off_;
+  is_cut_off_ = !machine_->FitsText(text_.Get().size()) || !machine_->Spend(elements);
+  return !is_cut_off_;
 }
 
 void TextWriter::AppendReference(const CellPtr& cell) {
@@ -70,7 +82,7 @@ void TextWriter::Continue(const Answer& answer) {
 
 bool TextWriter::Proceed() {
   while (!awaited_) {
-    if (levels_.empty() || IsCutOff()) return true;
+    if (!FitsLimits(1) || levels_.empty()) return true;
     Level& level = levels_.back();
     if (!level.elements || level.next == level.elements->GetSize()) {
       text_.Append(level.close);

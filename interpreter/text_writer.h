@@ -7,6 +7,7 @@
 //   while (!writer.Proceed()) writer.Continue(machine.Follow(writer.GetAwaited()));
 #pragma once
 
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -17,8 +18,9 @@ namespace Quarn {
 
 class TextWriter {
  public:
-  // Appends to the text, which must outlive the writer, until that holds more than `most` bytes.
-  explicit TextWriter(s_str& text, std::size_t most = kNoLimit) : text_(text), most_(most) {}
+  // Appends to the text, which must outlive the writer, within the limits of the machine, if there
+  // is one.
+  explicit TextWriter(s_str& text, Machine* machine = nullptr) : text_(text), machine_(machine) {}
   ~TextWriter();
   TextWriter(const TextWriter&) = delete;
   TextWriter& operator=(const TextWriter&) = delete;
@@ -44,8 +46,8 @@ class TextWriter {
   bool Proceed();
   const CellPtr& GetAwaited() const { return awaited_; }
   void Continue(const Answer& answer);
-  // Was the limit reached? Then the rest is missing.
-  bool IsCutOff() const { return text_.Get().size() > most_; }
+  // Was a limit reached? Then the rest is missing, and the machine knows why.
+  bool IsCutOff() const { return is_cut_off_; }
 
  private:
   // A list whose elements are being written, or a reference whose value is.
@@ -60,11 +62,12 @@ class TextWriter {
   };
 
   void Pop();
-
-  static constexpr std::size_t kNoLimit = static_cast<std::size_t>(-1);
+  void AppendNumbers(std::span<const double> numbers, std::string_view separator);
+  bool FitsLimits(std::size_t elements);
 
   s_str& text_;
-  const std::size_t most_;
+  Machine* const machine_;
+  bool is_cut_off_ = false;
   std::vector<Level> levels_;
   CellPtr awaited_;
 };

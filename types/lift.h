@@ -45,18 +45,12 @@ Function OfNumbers(double (*f)(Numbers...)) {
   (std::index_sequence_for<Numbers...>());
 }
 
-// Rows for pure operators and functions of Scalars, which then are called on plain numbers. `f` is
-// a functor without state, of one or two numbers.
-template <class F>
-requires std::is_invocable_v<F, double> UnaryRow UnaryOnScalars(const char* op, F f) {
-  static_assert(std::is_empty_v<F>);
-  return {op, Scalar::kType, Unary(f), [](double x) -> double { return F()(x); }};
+// Rows for pure operators and functions of Scalars, which then are called on plain numbers.
+inline UnaryRow UnaryOnScalars(const char* op, UnaryOnNumbers f) {
+  return {op, Scalar::kType, Unary(f), f};
 }
-template <class F>
-BinaryRow OnScalars(const char* op, F f) {
-  static_assert(std::is_empty_v<F>);
-  return {Scalar::kType, op, Scalar::kType, Binary(f),
-          [](double x, double y) -> double { return F()(x, y); }};
+inline BinaryRow OnScalars(const char* op, BinaryOnNumbers f) {
+  return {Scalar::kType, op, Scalar::kType, Binary(f), f};
 }
 inline FunctionRow OnScalars(const char* name, double (*f)(), Purity purity) {
   return {name, {""}, OfNumbers(f), {.of_none = f}, purity};

@@ -1,7 +1,9 @@
 #include "types/scalar.h"
 
-#include <functional>
+#include <limits>
 
+#include "interpreter/arithmetic.h"
+#include "interpreter/messages.h"
 #include "interpreter/state.h"
 #include "interpreter/text_writer.h"
 #include "types/lift.h"
@@ -20,8 +22,16 @@ s_refptr<Symbol> CreateFrom(State&, const s_str& name, const s_str& text, s_str&
   return s_refptr<Symbol>(new Scalar(name, ReadDouble(text.GetView()).value.Get()));
 }
 
-s_refptr<Symbol> ApplyFactorial(State& state, const s_refptr<Symbol>& operand, s_str&) {
+s_refptr<Symbol> ApplyFactorial(State& state, const s_refptr<Symbol>& operand, s_str& error) {
   const double x = NumberOf(*operand);
+  if (state.GetLimits().ends_the_endless && !IsFactorialShort(x)) {
+    if (!HasFactorial(x)) {
+      AddError(error, messages::EndlessFactorial(ToText(s_double(x))));
+      return {};
+    }
+    // That of 171 is beyond all numbers already.
+    if (x > 171.5) return NewNumber(std::numeric_limits<double>::infinity());
+  }
   // What was printed before must not be lost with a recursion that does not end.
   if (!IsFactorialShort(x)) state.Flush();
   return NewNumber(Factorial(x));
@@ -40,13 +50,13 @@ void Scalar::Register(State& state) {
   state.AddRightUnary({
       {"!", kType, On(state, ApplyFactorial)},
       {"+",   kType,      Copy      }, // keeps the operand's name
-      UnaryOnScalars("-", std::negate<double>()),
+      UnaryOnScalars("-", Negate),
   });
   state.AddBinary({
-      OnScalars("*", std::multiplies<double>()),
-      OnScalars("/", std::divides<double>()),  // by zero: inf+, inf- or nan
-      OnScalars("+", std::plus<double>()),
-      OnScalars("-", std::minus<double>()),
+      OnScalars("*", Multiply),
+      OnScalars("/", Divide),  // by zero: inf+, inf- or nan
+      OnScalars("+", Add),
+      OnScalars("-", Subtract),
   });
   state.AddFunctions({
       OnScalars("rand", RandUnit, Purity::kImpure),     // rand()

@@ -23,6 +23,11 @@ bool IsFactorialShort(double x) {
   return x > 0.9 && x < kShort && std::fabs(x - std::round(x)) < 0.099;
 }
 
+bool HasFactorial(double x) {
+  constexpr double kWhole = 9007199254740992;  // 2^53: what is smaller loses nothing with a 1
+  return x > 0.9 && x < kWhole && IsNearOne(x - (std::round(x) - 1));
+}
+
 double Min(double first, double second) { return first >= second ? second : first; }
 
 double Max(double first, double second) { return second >= first ? second : first; }

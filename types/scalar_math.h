@@ -10,8 +10,9 @@ namespace Quarn {
 // Kept on purpose: there is no other end. For an x that never comes within 0.1 of 1 (0, 2.5,
 // negative numbers, NaN, infinity) it recurses until the stack is used up and the process dies.
 double Factorial(double x);
-// Will the recursion surely end, and soon?
+// Will the recursion surely end, and soon? Is there an end at all?
 bool IsFactorialShort(double x);
+bool HasFactorial(double x);
 
 // The smaller and the greater of two; the second when they are equal, the first when one is NaN.
 double Min(double first, double second);

@@ -1,5 +1,6 @@
 #include "types/vector_math.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <thread>
@@ -40,21 +41,26 @@ BinaryOnNumbers FindOnNumbers(State& state, std::string_view op) {
 // The vector of what `f` makes of each index; null when it fails for one. Elements may be vectors
 // in their turn, and so on down the stack.
 template <class F>
-s_refptr<Symbol> MakeElements(std::size_t size, F f) {
+s_refptr<Symbol> MakeElements(State& state, std::size_t size, F f) {
   const s_refptr<Elements> results(new Elements);
   for (std::size_t i = 0; i < size; ++i) {
-    s_refptr<Symbol> result = f(i);
+    s_refptr<Symbol> result = state.Spend(1) ? f(i) : s_refptr<Symbol>();
     if (!result) return {};
     Add(*results, std::move(result));
   }
   return NewVector(results);
 }
 
-// The same on numbers, which cannot fail.
+// The same on numbers, which fails only when it has to end.
 template <class F>
-s_refptr<Symbol> MakeNumbers(std::size_t size, F f) {
+s_refptr<Symbol> MakeNumbers(State& state, std::size_t size, F f) {
+  constexpr std::size_t kBlock = 4096;
   std::vector<double> results(size);
-  for (std::size_t i = 0; i < size; ++i) results[i] = f(i);
+  for (std::size_t begin = 0; begin < size; begin += kBlock) {
+    const std::size_t end = std::min(size, begin + kBlock);
+    if (!state.Spend(end - begin)) return {};
+    for (std::size_t i = begin; i < end; ++i) results[i] = f(i);
+  }
   return NewVector(s_refptr<Elements>(new Elements(std::move(results))));
 }
 
@@ -69,9 +75,9 @@ s_refptr<Symbol> CombineElements(State& state, std::string_view op, std::string_
   if (on_numbers && left.AreNumbers() && right.AreNumbers()) {
     const double* const a = left.GetNumbers().data();
     const double* const b = right.GetNumbers().data();
-    return MakeNumbers(size, [&](std::size_t i) { return on_numbers(a[i], b[i]); });
+    return MakeNumbers(state, size, [&](std::size_t i) { return on_numbers(a[i], b[i]); });
   }
-  return MakeElements(size, [&](std::size_t i) {
+  return MakeElements(state, size, [&](std::size_t i) {
     return state.ApplyBinaryOperator(op, GetObject(left, i), GetObject(right, i), error);
   });
 }
@@ -113,9 +119,10 @@ s_refptr<Symbol> ScaleFromLeft(State& state, const s_refptr<Symbol>& scalar,
   if (on_numbers && elements.AreNumbers()) {
     const double number = NumberOf(*scalar);
     const double* const a = elements.GetNumbers().data();
-    return MakeNumbers(elements.GetSize(), [&](std::size_t i) { return on_numbers(number, a[i]); });
+    return MakeNumbers(state, elements.GetSize(),
+                       [&](std::size_t i) { return on_numbers(number, a[i]); });
   }
-  return MakeElements(elements.GetSize(), [&](std::size_t i) {
+  return MakeElements(state, elements.GetSize(), [&](std::size_t i) {
     return state.ApplyBinaryOperator("*", scalar, GetObject(elements, i), error);
   });
 }
@@ -127,9 +134,10 @@ s_refptr<Symbol> ScaleFromRight(State& state, const s_refptr<Symbol>& vector,
   if (on_numbers && elements.AreNumbers()) {
     const double number = NumberOf(*scalar);
     const double* const a = elements.GetNumbers().data();
-    return MakeNumbers(elements.GetSize(), [&](std::size_t i) { return on_numbers(a[i], number); });
+    return MakeNumbers(state, elements.GetSize(),
+                       [&](std::size_t i) { return on_numbers(a[i], number); });
   }
-  return MakeElements(elements.GetSize(), [&](std::size_t i) {
+  return MakeElements(state, elements.GetSize(), [&](std::size_t i) {
     return state.ApplyBinaryOperator("*", GetObject(elements, i), scalar, error);
   });
 }
@@ -150,9 +158,9 @@ s_refptr<Symbol> NegateElements(State& state, const s_refptr<Symbol>& vector, s_
       state.GetCore().registries.GetRightUnary().on_numbers[FindOperator("-")];
   if (on_numbers && elements.AreNumbers()) {
     const double* const a = elements.GetNumbers().data();
-    return MakeNumbers(elements.GetSize(), [&](std::size_t i) { return on_numbers(a[i]); });
+    return MakeNumbers(state, elements.GetSize(), [&](std::size_t i) { return on_numbers(a[i]); });
   }
-  return MakeElements(elements.GetSize(), [&](std::size_t i) {
+  return MakeElements(state, elements.GetSize(), [&](std::size_t i) {
     return state.ApplyRightUnaryOperator("-", GetObject(elements, i), error);
   });
 }
@@ -166,7 +174,7 @@ s_refptr<Symbol> CrossProduct(State& state, const s_refptr<Symbol>& left,
     AddError(error, messages::OnlyFor3Vectors());
     return {};
   }
-  return MakeElements(kLength, [&](std::size_t i) {
+  return MakeElements(state, kLength, [&](std::size_t i) {
     const std::size_t j = (i + 1) % kLength;
     const std::size_t k = (i + 2) % kLength;
     return DifferenceOfProducts(state, a[j], b[k], a[k], b[j], error);
@@ -181,7 +189,11 @@ std::optional<Operand> SelectOperand(State& state, const Operand& vector, const 
     return {};
   }
   const double number = index.IsNumber() ? index.GetNumber() : NumberOf(*index.GetValue());
-  if (std::isinf(number)) NeverReturn(state);  // GCOVR_EXCL_LINE: as above
+  if (std::isinf(number)) {
+    if (!state.GetLimits().ends_the_endless) NeverReturn(state);  // GCOVR_EXCL_LINE: as above
+    AddError(error, messages::EndlessIndex());
+    return {};
+  }
   const Operand element = elements[WrapIndex(number, elements.GetSize())];
   return element.IsNumber() ? element : Operand::CopyOf(*element.GetValue());
 }

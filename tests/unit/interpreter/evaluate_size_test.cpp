@@ -77,7 +77,7 @@ TEST(DeepExpression, HasItsErrorWhereverThatIs) {
 
 TEST(MemoryLimit, EndsWhatNeedsMoreAndChangesNothing) {
   Session session;
-  session.GetState().SetMemoryLimit(kSanitized ? 1U << 16 : 1U << 20);
+  session.GetState().SetLimits({.memory = kSanitized ? 1U << 16 : 1U << 20});
   session.Type("x=2;v=<1>;r0&=1");
   std::string text = "1";
   for (const std::string& expression :
@@ -90,7 +90,7 @@ TEST(MemoryLimit, EndsWhatNeedsMoreAndChangesNothing) {
 
 TEST(MemoryLimit, EndsTextsThatDouble) {
   Session session;
-  session.GetState().SetMemoryLimit(1U << 20);
+  session.GetState().SetLimits({.memory = 1U << 20});
   session.Type("v=<1>");
   std::string output;
   for (int i = 0; i < 40; ++i) output = session.Type("v=<v,v>");
@@ -100,7 +100,7 @@ TEST(MemoryLimit, EndsTextsThatDouble) {
 
 TEST(MemoryLimit, EndsChainsOfReferences) {
   Session session;
-  session.GetState().SetMemoryLimit(1U << 16);
+  session.GetState().SetLimits({.memory = 1U << 16});
   for (int i = 10000; i > 0; --i) {
     session.Type("r" + std::to_string(i) + "&=r" + std::to_string(i - 1) + "+1");
   }

@@ -33,7 +33,7 @@ TEST(Messages, SayWhatTheyAreGiven) {
             "\tError : Multiple return values for function is not yet supported");
   EXPECT_EQ(EmptyIndex().Get(), "\tError : Illegal use of '[.]' with empty argument");
   EXPECT_EQ(IndexOnNothing().Get(), "\tError : Illegal use of '[.]' on empty object");
-  EXPECT_EQ(NestedTooDeeply().Get(), "\tError : Expression is nested too deeply");
+  EXPECT_EQ(LimitReached(Failure::kMemory).Get(), "\tError : Expression is nested too deeply");
   EXPECT_EQ(LeadsBackToItself("a+1").Get(), "\tError : Reference 'a+1' leads back to itself");
   EXPECT_EQ(TooLong().Get(), "\tError : Expression is too long");
   EXPECT_EQ(SymbolAssignedToSymbol().Get(), "\tWarning : 'Symbol=Symbol' does nothing");

@@ -52,9 +52,10 @@ TEST(Limits, ATextOfFourGibibytesOrMoreIsTooLong) {
     if (!text.IsThere()) GTEST_SKIP() << "no room for such a text";
     s_str error = "\tError : Another";
     Evaluated result;
-    Place place;
+    Diagnosis diagnosis;
     EXPECT_FALSE(
-        session.GetState().GetCore().machine.Evaluate(text.Get(), "x", true, result, error, place));
+        session.GetState().GetCore().machine.Evaluate(text.Get(), "x", true, result, error,
+                                                             diagnosis));
     EXPECT_EQ(error.Get(), "\tError : Another\n\tError : Expression is too long");
     EXPECT_EQ(session.GetState().Compute(text.Get()).error, "\tError : Expression is too long");
   }

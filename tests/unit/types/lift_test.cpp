@@ -5,6 +5,7 @@
 
 #include <functional>
 
+#include "interpreter/arithmetic.h"
 #include "tests/support/session.h"
 
 namespace Quarn {
@@ -54,11 +55,11 @@ TEST(Lift, OperandsThatSomebodyHoldsStayAsTheyWere) {
 
 TEST(Lift, RowsOfScalarsHaveTheSameFunctionForNumbersAndForObjects) {
   s_str error;
-  const BinaryRow minus = OnScalars("-", std::minus<double>());
+  const BinaryRow minus = OnScalars("-", Subtract);
   EXPECT_EQ(minus.left.Get() + minus.op.Get() + minus.right.Get(), "Scalar-Scalar");
   EXPECT_EQ(minus.on_numbers(5, 3), 2);
   EXPECT_EQ(NumberOf(*minus.body(NewNumber(5), NewNumber(3), error)), 2);
-  const UnaryRow negate = UnaryOnScalars("-", std::negate<double>());
+  const UnaryRow negate = UnaryOnScalars("-", Negate);
   EXPECT_EQ(negate.on_numbers(5), -5);
   EXPECT_EQ(NumberOf(*negate.body(NewNumber(5), error)), -5);
 }

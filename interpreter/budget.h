@@ -1,0 +1,62 @@
+// Budget counts what evaluations use against the limits of a host, and hears of interruptions.
+//   const Budget::Scope scope(budget);
+//   if (!budget.Spend(elements)) return budget.GetReason();
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+
+#include "interpreter/embedding.h"
+#include "interpreter/limits.h"
+
+namespace Quarn {
+
+class Budget {
+ public:
+  // What is evaluated while scopes are open is interrupted together.
+  class Scope {
+   public:
+    explicit Scope(Budget& budget) : budget_(budget) {
+      if (budget.scopes_++ > 0) return;
+      budget.interrupted_.store(false, std::memory_order_relaxed);
+      budget.Refill();
+    }
+    ~Scope() { --budget_.scopes_; }
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+
+   private:
+    Budget& budget_;
+  };
+
+  const Limits& GetLimits() const { return limits_; }
+  void SetLimits(const Limits& limits) { limits_ = limits; }
+  bool HasSteps() const { return limits_.steps != Limits::kNone; }
+  bool HasRoom() const {
+    return limits_.memory != Limits::kNone || limits_.nesting != Limits::kNone;
+  }
+
+  // Ends what is under way. From any thread, or from a signal handler.
+  void Interrupt() { interrupted_.store(true, std::memory_order_relaxed); }
+  bool IsInterrupted() const { return interrupted_.load(std::memory_order_relaxed); }
+
+  // All steps are there again.
+  void Refill() { steps_left_ = limits_.steps; }
+  // False when there are fewer steps left, or when all is to end.
+  bool Spend(std::uint64_t steps) {
+    if (steps > steps_left_ || IsInterrupted()) return false;
+    steps_left_ -= steps;
+    return true;
+  }
+  // Why there was nothing to spend.
+  Failure GetReason() const { return IsInterrupted() ? Failure::kInterrupted : Failure::kSteps; }
+
+ private:
+  Limits limits_;
+  std::uint64_t steps_left_ = Limits::kNone;
+  unsigned int scopes_ = 0;
+  std::atomic<bool> interrupted_ = false;
+};
+static_assert(std::atomic<bool>::is_always_lock_free);
+
+}  // namespace Quarn
