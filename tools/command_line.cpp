@@ -4,6 +4,8 @@
 
 #include <iostream>
 
+#include "tools/limits_option.h"
+
 namespace Quarn {
 
 const std::string_view kUsage =
@@ -23,6 +25,8 @@ const std::string_view kUsage =
     "      --record=FILE  append each command that was accepted to a file\n"
     "      --watch=FILE   show the symbols of a script, anew whenever it is saved\n"
     "      --no-init      do not run the startup file, mirlow/init in ~/.config\n"
+    "      --limit=LIST   change limits: steps, memory, output and nesting, finite=yes or\n"
+    "                     no; without a list, show those of a session\n"
     "      --color=WHEN   use colours: auto (at a terminal), always or never\n"
     "  -h, --help         show this text\n"
     "  -V, --version      show the version\n"
@@ -42,6 +46,7 @@ enum {
   kRecordOption,
   kWatchOption,
   kNoInitOption,
+  kLimitOption,
   kColourOption
 };
 
@@ -53,6 +58,7 @@ constexpr option kLongOptions[] = {
     {"record",        required_argument, nullptr, kRecordOption     },
     {"watch",         required_argument, nullptr, kWatchOption      },
     {"no-init",       no_argument,       nullptr, kNoInitOption     },
+    {"limit",         optional_argument, nullptr, kLimitOption      },
     {"color",         optional_argument, nullptr, kColourOption     },
     {"help",          no_argument,       nullptr, 'h'               },
     {"version",       no_argument,       nullptr, 'V'               },
@@ -74,6 +80,17 @@ void ApplyColour(const std::string& when, CommandLine& line) {
   } else {
     std::cerr << "mirlow-shell: '" << when << "' is none of auto, always, never\n";
     Reject(line);
+  }
+}
+
+void ApplyLimit(const char* changes, CommandLine& line) {
+  if (!changes) {
+    line.action = CommandLine::Action::kShowLimits;
+  } else if (!ChangeLimits({}, changes)) {
+    std::cerr << "mirlow-shell: no limits: '" << changes << "'\n";
+    Reject(line);
+  } else {
+    line.limit_changes += std::string(line.limit_changes.empty() ? "" : ",") + changes;
   }
 }
 
@@ -103,6 +120,9 @@ void ApplyOption(int option, CommandLine& line) {
       break;
     case kNoInitOption:
       line.reads_init = false;
+      break;
+    case kLimitOption:
+      ApplyLimit(optarg, line);
       break;
     case kColourOption:
       ApplyColour(optarg ? optarg : "always", line);

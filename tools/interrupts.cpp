@@ -8,9 +8,11 @@ volatile std::sig_atomic_t is_noting = 0;
 Interrupts::Hook end_command = nullptr;
 
 void OnInterrupt(int signal) {
+  // Pressed twice, it ends what cannot be interrupted.
+  const bool is_urgent = was_pressed;
   was_pressed = 1;
   if (is_noting) return;
-  if (end_command) return end_command();
+  if (end_command && !is_urgent) return end_command();
   std::signal(signal, SIG_DFL);
   raise(signal);
 }

@@ -1,5 +1,5 @@
 // Interrupts decides what Ctrl-C does: it ends the program, or a command, or is noted by who reads
-// from the terminal.
+// from the terminal. Pressed again while a command goes on, it ends the program.
 //   Interrupts::Catch(EndCommand);   // in a signal handler; null: ends the program
 //   {
 //     const Interrupts::Noting noting;

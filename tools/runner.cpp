@@ -16,17 +16,21 @@ Runner::Runner(const Options& options, std::streambuf& out, std::istream& answer
       captured_(&capture_),
       state_(captured_, answers) {
   Vector::Register(state_);
+  state_.SetLimits(options.limits);
 }
 
 // Cuts the line as the State does.
 bool Runner::RunLine(std::string_view line, Source source) {
   const char* const begin = line.data();
+  was_interrupted_ = false;
   while (!line.empty()) {
     const std::string_view command = line.substr(0, line.find(';'));
     line.remove_prefix(std::min(command.size() + 1, line.size()));
     if (command.empty() || command.starts_with("//")) continue;
     source.column = static_cast<std::size_t>(command.data() - begin);
     RunCommand(command, source);
+    was_interrupted_ = Interrupts::Take();
+    if (was_interrupted_) return true;
     if (has_seen_error_ && options_.stops_on_error) return false;
   }
   return true;

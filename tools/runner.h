@@ -22,6 +22,7 @@ class Runner {
     // Standard output and standard error are the same: an error is shown once, with its place.
     bool errors_join_output = false;
     bool is_coloured = false;
+    Limits limits = {};
     // Where messages with their places go.
     std::ostream* errors = &std::cerr;
     // Gets what is accepted, unless null; must outlive the runner.
@@ -41,6 +42,8 @@ class Runner {
 
   // False when nothing more is to be run, since a command failed.
   bool RunLine(std::string_view line, Source source);
+  // Did Ctrl-C end the last line?
+  bool WasInterrupted() const { return was_interrupted_; }
   // False when something could not be written.
   bool Flush();
   std::ostream& GetErrors() { return *options_.errors; }
@@ -59,6 +62,7 @@ class Runner {
   State state_;
   bool has_seen_error_ = false;
   bool is_silent_ = false;
+  bool was_interrupted_ = false;
 };
 
 }  // namespace Quarn

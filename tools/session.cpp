@@ -22,6 +22,7 @@ class Session {
       const std::string_view line = lines.substr(0, lines.find('\n'));
       lines.remove_prefix(std::min(line.size() + 1, lines.size()));
       if (!RunLine(line)) return false;
+      if (runner_.WasInterrupted()) return true;
     }
     return true;
   }

@@ -16,6 +16,7 @@
 #include "tools/directories.h"
 #include "tools/input_file.h"
 #include "tools/interrupts.h"
+#include "tools/limits_option.h"
 #include "tools/line_reader.h"
 #include "tools/run_commands.h"
 #include "tools/runner.h"
@@ -41,6 +42,7 @@ Runner::Options OptionsOf(const CommandLine& line, Recorder* recorder) {
           .stops_on_error = line.stops_on_error,
           .errors_join_output = ErrorsJoinOutput(),
           .is_coloured = UsesColour(line.colour),
+          .limits = line.limits,
           .recorder = recorder,
           .asks_at_terminal = isatty(STDIN_FILENO) != 0};
 }
@@ -69,12 +71,16 @@ void RunInit(Runner& runner) {
   runner.Flush();
 }
 
+// Whose evaluation Ctrl-C ends.
+State* interrupted_state = nullptr;
+
 Status Talk(const CommandLine& line, Recorder* recorder) {
   TerminalInput terminal(STDIN_FILENO);
   Answers buffer(terminal);
   std::istream answers(&buffer);
   Runner runner(OptionsOf(line, recorder), *std::cout.rdbuf(), answers);
-  Interrupts::Catch(nullptr);
+  interrupted_state = &runner.GetState();
+  Interrupts::Catch([] { interrupted_state->Interrupt(); });
   if (line.reads_init) RunInit(runner);
   const bool is_coloured = UsesColour(line.colour);
   RunSession(runner, *NewLineReader(runner.GetState(), terminal, is_coloured), is_coloured);
@@ -138,7 +144,11 @@ Status RunTasks(const CommandLine& line, Recorder* recorder) {
 }
 
 Status RunCommandsOf(CommandLine line, Recorder* recorder) {
-  if (line.tasks.empty() && Talks()) return Talk(line, recorder);
+  const bool talks = line.tasks.empty() && Talks();
+  // Scripts end, or do not, as they do elsewhere.
+  const Limits limits = talks ? GetSessionLimits() : Limits();
+  line.limits = ChangeLimits(limits, line.limit_changes).value_or(limits);
+  if (talks) return Talk(line, recorder);
   std::ios::sync_with_stdio(false);
   if (line.tasks.empty())
     line.tasks = {
@@ -175,6 +185,9 @@ Status Run(const CommandLine& line) {
       return FinishOutput();
     case CommandLine::Action::kShowVersion:
       std::cout << "mirlow-shell " << kVersion << '\n';
+      return FinishOutput();
+    case CommandLine::Action::kShowLimits:
+      std::cout << FormatLimits(GetSessionLimits());
       return FinishOutput();
     case CommandLine::Action::kReject:
       return kCannotRun;

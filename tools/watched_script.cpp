@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "tools/input_file.h"
+#include "tools/limits_option.h"
 #include "tools/run_commands.h"
 #include "tools/runner.h"
 
@@ -23,7 +24,8 @@ ScriptRun RunWatched(const std::string& path) {
   std::ostringstream values;  // nobody sees them
   std::ostringstream messages;
   std::istringstream answers;
-  Runner runner({.format = Format::kPlain, .errors = &messages}, *values.rdbuf(), answers);
+  Runner runner({.format = Format::kPlain, .limits = GetSessionLimits(), .errors = &messages},
+                *values.rdbuf(), answers);
   InputFile file(path, [] {});
   std::istream lines(&file);
   RunFile(runner, lines, file, path, "'" + path + "'");

@@ -92,9 +92,42 @@ TEST_P(AnyShell, AbandonsALineByControlC) {
   EXPECT_EQ(terminal_.Wait(), 1);
 }
 
-TEST_P(AnyShell, EndsACommandThatNeverReturnsByControlC) {
-  EXPECT_TRUE(Answers("1+1;<1>[1/0]", "\tScalar : 2\r\n"));
-  EXPECT_EQ(terminal_.Interrupt(), -SIGINT);
+// Each of these references takes twice as long as the one before, since it draws anew.
+std::string DefineSlowReferences() {
+  std::string line = "r1&=rand()";
+  for (int i = 2; i <= 60; ++i) {
+    const std::string before = "r" + std::to_string(i - 1);
+    line += ";r" + std::to_string(i) + "&=" + before + "+" + before;
+  }
+  return line;
+}
+
+TEST_P(AnyShell, EndsACommandAndNotTheSessionByControlC) {
+  EXPECT_TRUE(Answers("x=1", "x = 1\r\n"));
+  EXPECT_TRUE(Answers(DefineSlowReferences() + ";x=2", "\tDefining Reference : r1 = "));
+  ASSERT_TRUE(terminal_.Shows("\tDefining Reference : r12 = "));
+  terminal_.Type(Terminal::kControlC);
+  ASSERT_TRUE(terminal_.Shows("\tError : Evaluation was interrupted\r\n"));
+  EXPECT_TRUE(Answers("?x", "\tScalar : x = 1\r\n"));  // the rest of the line was not run
+  ASSERT_TRUE(terminal_.Shows("> "));
+  terminal_.Type("q\n");
+  EXPECT_EQ(terminal_.Wait(), 1);
+}
+
+// For those who ask for commands that cannot be interrupted.
+TEST_P(AnyShell, EndsByControlCAgainAndAgain) {
+  Terminal terminal({GetParam(), "--no-init", "--limit=finite=no"}, directory_.PathOf(""));
+  ASSERT_TRUE(terminal.Shows("> "));
+  terminal.Type("1+1;<1>[1/0]\n");
+  ASSERT_TRUE(terminal.Shows("\tScalar : 2\r\n"));
+  EXPECT_EQ(terminal.Interrupt(), -SIGINT);
+}
+
+TEST_P(AnyShell, SurvivesWhatWouldNeverEnd) {
+  EXPECT_TRUE(Answers("x=7", "x = 7\r\n"));
+  EXPECT_TRUE(Answers("!2.5", "\tError : The factorial of 2.5 never ends\r\n"));
+  EXPECT_TRUE(Answers("<1>[1/0]", "\tError : The index is infinite\r\n"));
+  EXPECT_TRUE(Answers("?x", "\tScalar : x = 7\r\n"));
 }
 
 TEST_P(AnyShell, AsksBeforeItErasesAll) {
@@ -223,11 +256,10 @@ TEST_F(EditingShell, RemembersForTheUserAlone) {
 
 // It is remembered before it runs.
 TEST_F(EditingShell, RemembersACommandThatNeverReturned) {
-  Terminal terminal({MIRLOW_PROGRAM}, directory_.PathOf(""));
+  Terminal terminal({MIRLOW_PROGRAM, "--limit=finite=no"}, directory_.PathOf(""));
   ASSERT_TRUE(terminal.Shows("> "));
   terminal.Type("1+1;<1>[1/0]\n");
   ASSERT_TRUE(terminal.Shows("\tScalar : 2\r\n"));
-  terminal.Interrupt();
   EXPECT_EQ(ReadBytes(directory_.PathOf("mirlow/history")), "1+1;<1>[1/0]\n");
 }
 

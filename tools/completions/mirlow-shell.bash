@@ -1,7 +1,7 @@
 # bash completion for mirlow-shell
 _mirlow_shell() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-  local options="--execute= --plain --json --stop-on-error --record= --watch= --no-init --color= --help --version"
+  local options="--execute= --plain --json --stop-on-error --record= --watch= --no-init --limit= --color= --help --version"
   COMPREPLY=()
   case $previous in
     -e | --execute) return ;;

@@ -6,6 +6,7 @@ complete -c mirlow-shell -l stop-on-error -d 'Run nothing after a command that r
 complete -c mirlow-shell -l record -r -F -d 'Append each accepted command to a file'
 complete -c mirlow-shell -l watch -r -F -d 'Show the symbols of a script whenever it is saved'
 complete -c mirlow-shell -l no-init -d 'Do not run the startup file'
+complete -c mirlow-shell -l limit -d 'Change or show limits'
 complete -c mirlow-shell -l color -x -a 'auto always never' -d 'Use colours'
 complete -c mirlow-shell -s h -l help -d 'Show a short help'
 complete -c mirlow-shell -s V -l version -d 'Show the version'
