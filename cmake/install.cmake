@@ -27,6 +27,14 @@ endif()
 if(MIRLOW_SHELL)
   install(TARGETS mirlow-shell COMPONENT shell)
   install(FILES docs/man/mirlow-shell.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT shell)
+  # Debian has a directory of its own for what its packages bring.
+  set(MIRLOW_ZSH_DIR ${CMAKE_INSTALL_DATAROOTDIR}/zsh/site-functions CACHE STRING
+    "Where zsh finds completions")
+  install(FILES tools/completions/mirlow-shell.bash RENAME mirlow-shell
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/bash-completion/completions COMPONENT shell)
+  install(FILES tools/completions/_mirlow-shell DESTINATION ${MIRLOW_ZSH_DIR} COMPONENT shell)
+  install(FILES tools/completions/mirlow-shell.fish
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/fish/vendor_completions.d COMPONENT shell)
 endif()
 
 install(EXPORT mirlowTargets NAMESPACE mirlow:: DESTINATION ${package_dir} COMPONENT development)

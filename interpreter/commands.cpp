@@ -29,6 +29,8 @@ bool EndsWithFirst(std::string_view text, char c) {
 }  // namespace
 
 void Commands::ProcessLine(std::string_view line) {
+  const char* const begin = line.data();
+  failure_ = {};
   Budget& budget = core_.machine.GetBudget();
   const Budget::Scope scope(budget);
   while (!line.empty() && !budget.IsInterrupted()) {
@@ -36,6 +38,7 @@ void Commands::ProcessLine(std::string_view line) {
     line.remove_prefix(std::min(command.size() + 1, line.size()));
     if (command.empty() || command.starts_with("//")) continue;
     budget.Refill();
+    begin_ = begin;  // again each time: a command may call for another line
     ProcessCommand(command);
   }
 }
@@ -65,6 +68,17 @@ void Commands::ProcessEquals(std::string_view before, std::string_view expressio
   Assign(before, expression);
 }
 
+// As the machine does; remembers where in the line a failure is.
+bool Commands::Evaluate(std::string_view expression, const s_str& name, bool allows_new,
+                        Evaluated& result, s_str& error) {
+  const auto before = static_cast<std::size_t>(expression.data() - begin_);
+  Diagnosis diagnosis;
+  if (core_.machine.Evaluate(expression, name, allows_new, result, error, diagnosis)) return true;
+  const Place place = diagnosis.place;
+  failure_ = place == Place() ? place : Place{before + place.position, place.length};
+  return false;
+}
+
 void Commands::DefineReference(std::string_view name, std::string_view expression) {
   if (!PassesNameCheck(name = TrimSpaces(name))) return;
   const s_refptr<Symbol> reference = core_.machine.NewReference(s_str(name), expression);
@@ -75,9 +89,7 @@ void Commands::Assign(std::string_view name, std::string_view expression) {
   if (!PassesNameCheck(name = TrimSpaces(name))) return;
   s_str error;
   Evaluated result;
-  Diagnosis diagnosis;
-  const bool has_value =
-      core_.machine.Evaluate(expression, s_str(name), false, result, error, diagnosis);
+  const bool has_value = Evaluate(expression, s_str(name), false, result, error);
   // A warning refuses the value too.
   if (!error.IsEmpty()) return PrintMessage(error);
   if (!has_value) return;
@@ -135,10 +147,7 @@ void Commands::Query(std::string_view name) {
 void Commands::PrintExpression(std::string_view expression) {
   s_str error;
   Evaluated result;
-  Diagnosis diagnosis;
-  if (!core_.machine.Evaluate(expression, Symbol::NoName(), true, result, error, diagnosis)) {
-    return PrintMessage(error);
-  }
+  if (!Evaluate(expression, Symbol::NoName(), true, result, error)) return PrintMessage(error);
   if (result.value.IsNumber()) {
     PrintNumber("\t", {}, result.value.GetNumber());
     return core_.symbols.SetLastResult(result.value);

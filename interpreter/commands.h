@@ -5,6 +5,7 @@
 #include <iosfwd>
 #include <string_view>
 
+#include "interpreter/embedding.h"
 #include "interpreter/operand.h"
 
 namespace Quarn {
@@ -17,6 +18,8 @@ class Commands {
   Commands(Core& core, std::ostream& out, std::istream& in) : core_(core), out_(out), in_(in) {}
 
   void ProcessLine(std::string_view line);
+  // In the last line.
+  Place GetFailurePlace() const { return failure_; }
   void Flush();
   void PrintHelp();
   // Makes "_" a null reference.
@@ -24,6 +27,8 @@ class Commands {
 
  private:
   void ProcessCommand(std::string_view command);
+  bool Evaluate(std::string_view expression, const s_str& name, bool allows_new, Evaluated& result,
+                s_str& error);
   void ProcessEquals(std::string_view before, std::string_view expression);
   void DefineReference(std::string_view name, std::string_view expression);
   void Assign(std::string_view name, std::string_view expression);
@@ -44,7 +49,9 @@ class Commands {
   Core& core_;
   std::ostream& out_;
   std::istream& in_;
-  s_str line_;  // of output, being composed
+  s_str line_;                   // of output, being composed
+  const char* begin_ = nullptr;  // of the line that is being carried out
+  Place failure_;
 };
 
 }  // namespace Quarn

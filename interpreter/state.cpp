@@ -33,6 +33,8 @@ State::~State() = default;
 // ---- Lines ----
 
 void State::ProcessLine(const s_str& line) { core_->commands.ProcessLine(line.GetView()); }
+Place State::GetFailurePlace() const { return core_->commands.GetFailurePlace(); }
+
 void State::Flush() { core_->commands.Flush(); }
 void State::PrintHelp() { core_->commands.PrintHelp(); }
 

@@ -7,6 +7,10 @@
 #include <string_view>
 #include <vector>
 
+#include "interpreter/limits.h"
+#include "tools/colours.h"
+#include "tools/report_writer.h"
+
 namespace Quarn {
 
 struct Task {
@@ -16,9 +20,17 @@ struct Task {
 };
 
 struct CommandLine {
-  enum class Action { kRun, kShowHelp, kShowVersion, kReject };
+  enum class Action { kRun, kWatch, kShowHelp, kShowVersion, kShowLimits, kReject };
   Action action = Action::kRun;
   std::vector<Task> tasks;  // in the order given
+  Format format = Format::kText;
+  bool stops_on_error = false;
+  ColourUse colour = ColourUse::kAuto;
+  bool reads_init = true;
+  std::string limit_changes;  // "steps=1000,finite=no"
+  Limits limits;              // what comes of them
+  std::string record;         // a path; empty: nothing is recorded
+  std::string watched;        // a path
 };
 
 extern const std::string_view kUsage;

@@ -22,6 +22,16 @@ bool EndsWithColon(std::string_view text) {
   return last != std::string_view::npos && text[last] == ':';
 }
 
+// The last "(" that is not closed; npos without one.
+std::size_t FindOpenCall(std::string_view command) {
+  std::size_t closed = 0;
+  for (std::size_t i = command.size(); i-- > 0;) {
+    if (command[i] == ')') ++closed;
+    if (command[i] == '(' && closed-- == 0) return i;
+  }
+  return std::string_view::npos;
+}
+
 class Collector {
  public:
   explicit Collector(std::string_view word) : word_(word) {}
@@ -64,6 +74,21 @@ Completion Complete(const State& state, std::string_view before_cursor) {
     if (!wants_symbol) collector.AddFunctions(state);
   }
   return {start, collector.Take()};
+}
+
+std::vector<std::string> FindSignatures(const State& state, std::string_view before_cursor) {
+  const std::string_view command = CommandBefore(before_cursor);
+  const std::size_t open = FindOpenCall(command);
+  if (open == std::string_view::npos || FindWord(command) != command.size()) return {};
+  const std::string_view before = command.substr(0, open);
+  const std::string_view name = before.substr(FindWord(before));
+  const auto function = state.GetFunctions().find(name);
+  if (function == state.GetFunctions().end()) return {};
+  std::vector<std::string> signatures;
+  for (const auto& [signature, body] : function->second) {
+    signatures.push_back(std::string(name).append(signature.GetView()));
+  }
+  return signatures;
 }
 
 std::string LongestCommonPrefix(const std::vector<std::string>& candidates) {

@@ -4,7 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdlib>
+#include <cerrno>
 #include <fstream>
 
 namespace Quarn {
@@ -12,13 +12,6 @@ namespace {
 
 constexpr mode_t kOwnerOnly = 0700;
 constexpr mode_t kOwnerMayReadAndWrite = 0600;
-
-// Empty if the variable is not an absolute path.
-std::filesystem::path FromEnvironment(const char* variable) {
-  const char* value = std::getenv(variable);
-  const std::filesystem::path path = value ? value : "";
-  return path.is_absolute() ? path : std::filesystem::path();
-}
 
 // With its missing parents.
 void MakeDirectory(const std::filesystem::path& path) {
@@ -29,16 +22,6 @@ void MakeDirectory(const std::filesystem::path& path) {
 }
 
 }  // namespace
-
-std::filesystem::path HistoryFile::FindPath() {
-  std::filesystem::path state = FromEnvironment("XDG_STATE_HOME");
-  if (state.empty()) {
-    const std::filesystem::path home = FromEnvironment("HOME");
-    if (home.empty()) return {};
-    state = home / ".local" / "state";
-  }
-  return state / "mirlow" / "history";
-}
 
 std::vector<std::string> HistoryFile::Load(std::size_t count) const {
   std::vector<std::string> lines;

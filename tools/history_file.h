@@ -1,6 +1,6 @@
-// HistoryFile stores the lines typed in mirlow/history below $XDG_STATE_HOME or ~/.local/state,
-// which it creates for the owner alone. If it cannot, there is silently no history.
-//   HistoryFile history(HistoryFile::FindPath());
+// HistoryFile stores the lines typed in a file that it creates for the owner alone. If it cannot,
+// there is silently no history.
+//   HistoryFile history(FindHistory());
 //   for (const std::string& line : history.Load(1000)) ...
 //   history.Append("1+1");
 // Concurrent shells append to the same file, line by line.
@@ -14,9 +14,6 @@ namespace Quarn {
 
 class HistoryFile {
  public:
-  // Empty if the environment names no directory.
-  static std::filesystem::path FindPath();
-
   // Empty: no history.
   explicit HistoryFile(std::filesystem::path path) : path_(std::move(path)) {}
 

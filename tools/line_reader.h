@@ -1,5 +1,5 @@
-// LineReader reads lines from a terminal: editing_reader.cpp with libedit, or plain_reader.cpp,
-// chosen at build time.
+// LineReader reads lines from a terminal: editing_reader.cpp with GNU readline, or
+// plain_reader.cpp, chosen at build time.
 #pragma once
 
 #include <memory>
@@ -19,11 +19,14 @@ class LineReader {
   };
 
   virtual ~LineReader() = default;
-  // Prints the prompt. The line comes without its newline.
+  // Prints the prompt. The line comes without its newline; what was pasted may hold some.
   virtual Outcome Read(std::string& line) = 0;
+  // What its keys do, for the help.
+  virtual std::string GetKeyHelp() const { return ""; }
 };
 
-// The State is for completion. Both arguments must outlive the reader.
-std::unique_ptr<LineReader> NewLineReader(const State& state, TerminalInput& input);
+// The State is for completion. It and the input must outlive the reader.
+std::unique_ptr<LineReader> NewLineReader(const State& state, TerminalInput& input,
+                                          bool is_coloured);
 
 }  // namespace Quarn

@@ -1,30 +1,38 @@
 #include "tools/run_commands.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <fstream>
-#include <iostream>
 
-#include "interpreter/state.h"
+#include "tools/input_file.h"
+#include "tools/runner.h"
 
 namespace Quarn {
 
-bool RunCommands(State& state, std::istream& lines, const std::string& name) {
+Ran RunCommands(Runner& runner, std::istream& lines, const std::string& source) {
+  std::size_t number = 0;
   for (std::string line; std::getline(lines, line);) {
+    ++number;
     std::erase(line, '\r');
-    if (!line.empty()) state.ProcessLine(line);
+    if (!runner.RunLine(line, {source, number})) return Ran::kStopped;
   }
-  if (lines.eof()) return true;
-  const int reason = errno;
-  state.Flush();
-  std::cerr << "mirlow-shell: cannot read " << name << ": " << std::strerror(reason) << '\n';
-  return false;
+  return Ran::kToItsEnd;
 }
 
-bool RunFile(State& state, const std::string& path) {
-  std::ifstream file(path);
-  return RunCommands(state, file, "'" + path + "'");
+Ran RunFile(Runner& runner, std::istream& lines, const InputFile& file, const std::string& source,
+            const std::string& name) {
+  const Ran ran = RunCommands(runner, lines, source);
+  const int reason = file.GetError();
+  if (ran == Ran::kStopped || reason == 0) return ran;
+  runner.Flush();
+  runner.GetErrors() << "mirlow-shell: cannot read " << name << ": " << std::strerror(reason)
+                     << '\n';
+  return Ran::kCannotRead;
+}
+
+bool LooksLikeCommands(std::string_view path) {
+  const std::string_view digits = "0123456789";
+  const bool is_number = !path.empty() && digits.find(path.front()) != std::string_view::npos;
+  return is_number || path.find_first_of("+*^=;()<>[]!?&,") != std::string_view::npos;
 }
 
 }  // namespace Quarn

@@ -3,15 +3,14 @@
 #include <poll.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <csignal>
-#include <utility>
+
+#include "tools/interrupts.h"
 
 namespace Quarn {
 
-bool TerminalInput::TakeInterruption() { return std::exchange(was_interrupted_, false); }
-
 TerminalInput::int_type TerminalInput::underflow() {
+  if (Interrupts::WasPressed()) return traits_type::eof();
   // Blocked signals are delivered during ppoll alone.
   sigset_t none;
   sigemptyset(&none);
@@ -22,7 +21,6 @@ TerminalInput::int_type TerminalInput::underflow() {
     setg(&character_, &character_, &character_ + 1);
     return traits_type::to_int_type(character_);
   }
-  was_interrupted_ = count < 0 && errno == EINTR;
   return traits_type::eof();
 }
 

@@ -28,8 +28,14 @@ install_missing() {
   done
   [ -n "$missing" ] || return 0
   # What is installed is told on standard error: standard output is the program's.
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get update </dev/null >&2
+  echo "Installing$missing ..." >&2
   # The list is unquoted, to be split into words.
-  as_root env DEBIAN_FRONTEND=noninteractive \
-    apt-get install --yes --no-install-recommends $missing </dev/null >&2
+  run_apt update && run_apt install --yes --no-install-recommends $missing || {
+    echo "Cannot install$missing: see what apt says above. Is there a network?" >&2
+    return 1
+  }
+}
+
+run_apt() {
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get "$@" </dev/null >&2
 }

@@ -73,6 +73,34 @@ TEST_F(Completing, LeavesTheEmptyNameOut) {
   EXPECT_EQ(Dump("?"), "1: _ radius round1 s2 speed");
 }
 
+TEST_F(Completing, FindsHowToCallAFunction) {
+  const struct {
+    const char* before_cursor;
+    const char* signatures;
+  } kRows[] = {
+      {"rand(",          "rand()|rand(Scalar, Scalar)|"},
+      {"x=1+round(",     "round(Scalar)|"              },
+      {"min(1, ",        "min(Scalar, Scalar)|"        },
+      {"1;min(",         "min(Scalar, Scalar)|"        },
+      {"min(max(1, 2),", "min(Scalar, Scalar)|"        }, // the inner one is closed
+      {"min(max(",       "max(Scalar, Scalar)|"        },
+      {"min(1",          ""                            }, // a word is before the cursor
+      {"min(ra",         ""                            },
+      {"min(1, 2)",      ""                            },
+      {"min",            ""                            },
+      {"(",              ""                            },
+      {"speed(",         ""                            },
+      {"min(;",          ""                            },
+      {"",               ""                            },
+  };
+  for (const auto& row : kRows) {
+    std::string dump;
+    for (const std::string& signature : FindSignatures(state_, row.before_cursor))
+      dump += signature + "|";
+    EXPECT_EQ(dump, row.signatures) << row.before_cursor;
+  }
+}
+
 TEST(LongestCommonPrefix, IsWhatAllBeginWith) {
   EXPECT_EQ(LongestCommonPrefix({}), "");
   EXPECT_EQ(LongestCommonPrefix({"speed"}), "speed");

@@ -1,8 +1,7 @@
-// Tests of tools/history_file: where it lies, who may read it, and what comes back.
+// Tests of tools/history_file: who may read it, and what comes back.
 #include "tools/history_file.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include "tests/support/temporary_directory.h"
 
@@ -13,41 +12,6 @@ using std::filesystem::perms;
 
 perms PermissionsOf(const std::filesystem::path& path) {
   return std::filesystem::status(path).permissions();
-}
-
-// The environment of one test; what it replaced comes back.
-class Variable {
- public:
-  Variable(const char* name, const char* value) : name_(name) {
-    if (const char* before = getenv(name)) before_ = before;
-    value ? setenv(name, value, 1) : unsetenv(name);
-  }
-  Variable(const Variable&) = delete;
-  Variable& operator=(const Variable&) = delete;
-  ~Variable() { setenv(name_, before_.c_str(), 1); }
-
- private:
-  const char* name_;
-  std::string before_;
-};
-
-TEST(HistoryFile, LiesInTheDirectoryForState) {
-  const struct {
-    const char* state;
-    const char* home;
-    const char* path;
-  } kRows[] = {
-      {"/state",    "/home/me", "/state/mirlow/history"               },
-      {nullptr,     "/home/me", "/home/me/.local/state/mirlow/history"},
-      {"",          "/home/me", "/home/me/.local/state/mirlow/history"},
-      {"not/whole", "/home/me", "/home/me/.local/state/mirlow/history"},
-      {nullptr,     nullptr,    ""                                    },
-  };
-  for (const auto& row : kRows) {
-    const Variable state("XDG_STATE_HOME", row.state);
-    const Variable home("HOME", row.home);
-    EXPECT_EQ(HistoryFile::FindPath(), row.path);
-  }
 }
 
 TEST(HistoryFile, IsMadeForItsOwnerAlone) {

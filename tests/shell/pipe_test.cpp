@@ -1,10 +1,13 @@
 // Tests of the shell without a terminal: standard input, scripts, commands, and its exit status.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 
-#include "tests/process/program.h"
+#include "tests/shell/shell.h"
+#include "tools/command_line.h"
 
 namespace Quarn {
 namespace {
@@ -12,21 +15,6 @@ namespace {
 constexpr char kQuestion[] =
     "\tWarning : This command will erase all symbols.\n"
     "\t          Are you sure ? ([y|Enter]/n) ";
-
-Outcome RunShell(const std::vector<std::string>& arguments, const std::string& input = "") {
-  const TemporaryDirectory directory;
-  return RunToEnd(arguments, input, {.directory = directory.PathOf("")});
-}
-
-// With what it says on standard error, behind its output.
-Outcome RunWithMessages(const std::string& arguments) {
-  Process process({"/bin/sh", "-c", "exec 2>&1; exec " + Program() + " " + arguments});
-  process.EndInput();
-  Outcome outcome;
-  outcome.output = process.ReadRest();
-  outcome.status = process.Wait();
-  return outcome;
-}
 
 TEST(Pipe, RunsItsLinesToTheirEnd) {
   const struct {
@@ -68,6 +56,25 @@ TEST(Pipe, SeesAnErrorBehindADeclinedQuestion) {
   const Outcome outcome = RunShell({}, "~\nn\n?x\n");
   EXPECT_EQ(outcome.output, std::string(kQuestion) + "\tError : Unknown symbol 'x'\n");
   EXPECT_EQ(outcome.status, 1);
+}
+
+// As another process does that writes on only after each answer.
+TEST(Pipe, AnswersEachLineBeforeTheNextOne) {
+  const Process process({Program()});
+  for (int i = 1; i <= 3; ++i) {
+    process.Type(std::to_string(i) + "\n");
+    EXPECT_EQ(process.Read(12), "\tScalar : " + std::to_string(i) + "\n");
+  }
+}
+
+TEST(Pipe, AnswersBeforeItWaitsForAScript) {
+  const TemporaryDirectory directory;
+  const std::string fifo = directory.PathOf("fifo");
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+  const Process process({Program(), "-e", "1", fifo});
+  std::ofstream script(fifo);
+  script << "2\n" << std::flush;
+  EXPECT_EQ(process.Read(24), "\tScalar : 1\n\tScalar : 2\n");
 }
 
 TEST(Pipe, HasNoLogFile) {
@@ -123,13 +130,46 @@ TEST(Script, IsNamedWhenItCannotBeRead) {
       {"-e 1 no/such -e 2",
        "\tScalar : 1\nmirlow-shell: cannot read 'no/such': No such file or directory\n"       },
       {"-e ?x no/such",
-       "\tError : Unknown symbol 'x'\n"
+       "-e:1:\tError : Unknown symbol 'x'\n"
        "mirlow-shell: cannot read 'no/such': No such file or directory\n"                     },
   };
   for (const auto& row : kRows) {
     const Outcome outcome = RunWithMessages(row.arguments);
     EXPECT_EQ(outcome.output, row.output) << row.arguments;
     EXPECT_EQ(outcome.status, 2) << row.arguments;
+  }
+}
+
+// Nothing after it is run, and what was computed before is written out, also when an error was.
+TEST(Script, ThatCannotBeReadEndsTheRun) {
+  const Outcome outcome = RunShell({"-e", "1;?x", "no/such", "-e", "2"});
+  EXPECT_EQ(outcome.output, "\tScalar : 1\n\tError : Unknown symbol 'x'\n");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(RunWithMessages("-e 1 no/such >/dev/full").output,
+            "mirlow-shell: cannot read 'no/such': No such file or directory\n"
+            "mirlow-shell: cannot write to standard output\n");
+}
+
+TEST(Script, ThatLooksLikeCommandsIsToldHowToBeOne) {
+  const struct {
+    const char* argument;
+    bool is_told;
+  } kRows[] = {
+      {"1+2",     true },
+      {"12",      true },
+      {"'x=3'",   true },
+      {"'?x'",    true },
+      {"'<1>'",   true },
+      {"loan",    false},
+      {"no/such", false},
+      {"''",      false},
+      {"/",       false}, // is there
+  };
+  for (const auto& row : kRows) {
+    const std::string output = RunWithMessages(row.argument).output;
+    EXPECT_EQ(output.find("\nTo calculate it, type: mirlow-shell -e '") != std::string::npos,
+              row.is_told)
+        << output;
   }
 }
 
@@ -143,7 +183,7 @@ TEST(Arguments, ThatMakeNoSenseAreRefused) {
 
 TEST(Arguments, AskForHelpAndVersion) {
   const Outcome help = RunShell({"--help"});
-  EXPECT_TRUE(help.output.starts_with("Usage: mirlow-shell ")) << help.output;
+  EXPECT_EQ(help.output, kUsage);
   EXPECT_EQ(help.status, 0);
   const Outcome version = RunShell({"--version"});
   EXPECT_TRUE(version.output.starts_with("mirlow-shell ")) << version.output;
@@ -151,9 +191,13 @@ TEST(Arguments, AskForHelpAndVersion) {
 }
 
 TEST(Output, ThatCannotBeWrittenIsAFailure) {
-  const Outcome outcome = RunWithMessages("-e 1+1 >/dev/full");
-  EXPECT_EQ(outcome.output, "mirlow-shell: cannot write to standard output\n");
-  EXPECT_EQ(outcome.status, 2);
+  for (const char* arguments : {"-e 1+1", "-e ?x 2>/dev/null", "--help", "--version"}) {
+    const Outcome outcome = RunWithMessages(std::string(arguments) + " >/dev/full");
+    EXPECT_TRUE(outcome.output.ends_with("mirlow-shell: cannot write to standard output\n") ||
+                outcome.output.empty())
+        << outcome.output;
+    EXPECT_EQ(outcome.status, 2) << arguments;
+  }
 }
 
 TEST(CommandsThatNeverReturn, EndByASignal) {

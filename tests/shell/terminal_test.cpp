@@ -7,6 +7,7 @@
 #include <csignal>
 #include <filesystem>
 
+#include "interpreter/version.h"
 #include "tests/support/temporary_directory.h"
 
 namespace Quarn {
@@ -45,6 +46,31 @@ TEST_P(AnyShell, LeavesByControlDAndTellsOfErrors) {
   EXPECT_EQ(terminal_.Wait(), 1);
 }
 
+TEST_P(AnyShell, SaysHowToGetHelp) {
+  EXPECT_TRUE(
+      terminal_.Shows(std::string("mirlow ") + kVersion + ": ? for help, Ctrl-D to leave\r\n"));
+}
+
+// They become symbols for who insists.
+TEST_P(AnyShell, HintsAtWhatWasMeant) {
+  const struct {
+    const char* line;
+    const char* output;
+  } kRows[] = {
+      {"help",   "For help, type ?. To define a symbol 'help', type it once more.\r\n"},
+      {"help",   "\tDefining Symbol : help\r\n"                                       },
+      {"help",   "\tSymbol : help\r\n"                                                },
+      {"exit ",  "To leave, type q, or press Ctrl-D. To define a symbol 'exit'"       },
+      {"1",      "\tScalar : 1\r\n"                                                   },
+      {"exit ",  "To leave, type q, or press Ctrl-D. To define a symbol 'exit'"       },
+      {"exit ",  "\tDefining Symbol : exit\r\n"                                       },
+      {"quit",   "To leave, type q, or press Ctrl-D. To define a symbol 'quit'"       },
+      {"quit=1", "\tDefining Scalar : quit = 1\r\n"                                   },
+      {"quit",   "\tScalar : 1\r\n"                                                   },
+  };
+  for (const auto& row : kRows) EXPECT_TRUE(Answers(row.line, row.output)) << row.line;
+}
+
 TEST_P(AnyShell, LeavesByTheQuitWords) {
   for (const char* word : {"q\n", "exit\n"}) {
     Terminal terminal({GetParam()}, directory_.PathOf(""));
@@ -66,9 +92,42 @@ TEST_P(AnyShell, AbandonsALineByControlC) {
   EXPECT_EQ(terminal_.Wait(), 1);
 }
 
-TEST_P(AnyShell, EndsACommandThatNeverReturnsByControlC) {
-  EXPECT_TRUE(Answers("1+1;<1>[1/0]", "\tScalar : 2\r\n"));
-  EXPECT_EQ(terminal_.Interrupt(), -SIGINT);
+// Each of these references takes twice as long as the one before, since it draws anew.
+std::string DefineSlowReferences() {
+  std::string line = "r1&=rand()";
+  for (int i = 2; i <= 60; ++i) {
+    const std::string before = "r" + std::to_string(i - 1);
+    line += ";r" + std::to_string(i) + "&=" + before + "+" + before;
+  }
+  return line;
+}
+
+TEST_P(AnyShell, EndsACommandAndNotTheSessionByControlC) {
+  EXPECT_TRUE(Answers("x=1", "x = 1\r\n"));
+  EXPECT_TRUE(Answers(DefineSlowReferences() + ";x=2", "\tDefining Reference : r1 = "));
+  ASSERT_TRUE(terminal_.Shows("\tDefining Reference : r12 = "));
+  terminal_.Type(Terminal::kControlC);
+  ASSERT_TRUE(terminal_.Shows("\tError : Evaluation was interrupted\r\n"));
+  EXPECT_TRUE(Answers("?x", "\tScalar : x = 1\r\n"));  // the rest of the line was not run
+  ASSERT_TRUE(terminal_.Shows("> "));
+  terminal_.Type("q\n");
+  EXPECT_EQ(terminal_.Wait(), 1);
+}
+
+// For those who ask for commands that cannot be interrupted.
+TEST_P(AnyShell, EndsByControlCAgainAndAgain) {
+  Terminal terminal({GetParam(), "--no-init", "--limit=finite=no"}, directory_.PathOf(""));
+  ASSERT_TRUE(terminal.Shows("> "));
+  terminal.Type("1+1;<1>[1/0]\n");
+  ASSERT_TRUE(terminal.Shows("\tScalar : 2\r\n"));
+  EXPECT_EQ(terminal.Interrupt(), -SIGINT);
+}
+
+TEST_P(AnyShell, SurvivesWhatWouldNeverEnd) {
+  EXPECT_TRUE(Answers("x=7", "x = 7\r\n"));
+  EXPECT_TRUE(Answers("!2.5", "\tError : The factorial of 2.5 never ends\r\n"));
+  EXPECT_TRUE(Answers("<1>[1/0]", "\tError : The index is infinite\r\n"));
+  EXPECT_TRUE(Answers("?x", "\tScalar : x = 7\r\n"));
 }
 
 TEST_P(AnyShell, AsksBeforeItErasesAll) {
@@ -82,15 +141,35 @@ TEST_P(AnyShell, AsksBeforeItErasesAll) {
   EXPECT_TRUE(Answers("?x", "\tError : Unknown symbol 'x'\r\n"));
 }
 
-// The end of input is the empty answer; it answers one question, not all that come after it.
-TEST_P(AnyShell, AsksAgainAfterControlDAtAQuestion) {
+// Neither ends the session, nor answers the question after this one.
+TEST_P(AnyShell, TakesControlCAndControlDAtAQuestionForNo) {
+  EXPECT_TRUE(Answers("x=1", "x = 1\r\n"));
+  for (const std::string_view key : {Terminal::kControlC, Terminal::kControlD}) {
+    EXPECT_TRUE(Answers("~", "Are you sure ? ([y|Enter]/n) "));
+    terminal_.Type(key);
+    EXPECT_TRUE(Answers("?x", "\tScalar : x = 1\r\n"));
+  }
   EXPECT_TRUE(Answers("~", "Are you sure ? ([y|Enter]/n) "));
-  terminal_.Type(Terminal::kControlD);
+  terminal_.Type("\n");
   EXPECT_TRUE(terminal_.Shows("\tAll symbols erased\r\n"));
+}
+
+// What was typed of an answer does not become a line.
+TEST_P(AnyShell, ForgetsAnAnswerThatControlCEnds) {
   EXPECT_TRUE(Answers("x=1", "x = 1\r\n"));
   EXPECT_TRUE(Answers("~", "Are you sure ? ([y|Enter]/n) "));
-  terminal_.Type("n\n");
+  terminal_.Type("y");
+  ASSERT_TRUE(terminal_.Shows("y"));
+  terminal_.Type(Terminal::kControlC);
   EXPECT_TRUE(Answers("?x", "\tScalar : x = 1\r\n"));
+}
+
+// A script that is run at a terminal asks there.
+TEST_P(AnyShell, TakesControlDAtTheQuestionOfAScriptForNo) {
+  Terminal terminal({GetParam(), "-e", "x=1;~;?x"}, directory_.PathOf(""));
+  ASSERT_TRUE(terminal.Shows("Are you sure ? ([y|Enter]/n) "));
+  terminal.Type(Terminal::kControlD);
+  EXPECT_TRUE(terminal.Shows("\tScalar : x = 1\r\n"));
 }
 
 class EditingShell : public testing::Test {
@@ -128,9 +207,20 @@ TEST_F(EditingShell, ListsWhatCouldBeMeant) {
   Terminal terminal({MIRLOW_PROGRAM}, directory_.PathOf(""));
   ASSERT_TRUE(terminal.Shows("> "));
   terminal.Type("round\t");
-  EXPECT_TRUE(terminal.Shows("round(  round_down(  round_up("));
+  for (const char* name : {"round(", "round_down(", "round_up("}) EXPECT_TRUE(terminal.Shows(name));
   terminal.Type("(2.5)\n");
   EXPECT_TRUE(terminal.Shows("\tScalar : 3\r\n"));
+}
+
+TEST_F(EditingShell, ShowsHowToCallAFunction) {
+  Terminal terminal({MIRLOW_PROGRAM}, directory_.PathOf(""));
+  ASSERT_TRUE(terminal.Shows("> "));
+  terminal.Type("ran\t\t");
+  EXPECT_TRUE(terminal.Shows("rand()"));
+  EXPECT_TRUE(terminal.Shows("rand(Scalar, Scalar)"));
+  EXPECT_TRUE(terminal.Shows("> rand("));
+  terminal.Type("5, 5)\n");
+  EXPECT_TRUE(terminal.Shows("\tScalar : 5\r\n"));
 }
 
 TEST_F(EditingShell, RemembersLinesFromRunToRun) {
@@ -166,11 +256,10 @@ TEST_F(EditingShell, RemembersForTheUserAlone) {
 
 // It is remembered before it runs.
 TEST_F(EditingShell, RemembersACommandThatNeverReturned) {
-  Terminal terminal({MIRLOW_PROGRAM}, directory_.PathOf(""));
+  Terminal terminal({MIRLOW_PROGRAM, "--limit=finite=no"}, directory_.PathOf(""));
   ASSERT_TRUE(terminal.Shows("> "));
   terminal.Type("1+1;<1>[1/0]\n");
   ASSERT_TRUE(terminal.Shows("\tScalar : 2\r\n"));
-  terminal.Interrupt();
   EXPECT_EQ(ReadBytes(directory_.PathOf("mirlow/history")), "1+1;<1>[1/0]\n");
 }
 

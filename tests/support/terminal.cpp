@@ -19,15 +19,20 @@ constexpr std::chrono::milliseconds kPatience = std::chrono::minutes(1);
 constexpr std::chrono::milliseconds kMoment(200);
 
 // In the child: becomes the program.
-[[noreturn]] void Become(const std::vector<std::string>& command, const std::string& home) {
+[[noreturn]] void Become(const std::vector<std::string>& command, const std::string& home,
+                         const Terminal::Environment& environment) {
   std::vector<char*> arguments;
   for (const std::string& argument : command)
     arguments.push_back(const_cast<char*>(argument.data()));
   arguments.push_back(nullptr);
   setenv("HOME", home.c_str(), 1);
   setenv("XDG_STATE_HOME", home.c_str(), 1);
+  setenv("XDG_CONFIG_HOME", home.c_str(), 1);
+  setenv("INPUTRC", (home + "/.inputrc").c_str(), 1);
   setenv("TERM", "xterm", 1);
-  unsetenv("EDITRC");
+  setenv("LC_ALL", "C.UTF-8", 1);
+  setenv("NO_COLOR", "1", 1);
+  for (const auto& [name, value] : environment) setenv(name.c_str(), value.c_str(), 1);
   execv(arguments.front(), arguments.data());
   _exit(kCannotStart);
 }
@@ -36,18 +41,24 @@ int StatusOf(int status) { return WIFSIGNALED(status) ? -WTERMSIG(status) : WEXI
 
 }  // namespace
 
-Terminal::Terminal(const std::vector<std::string>& command, const std::string& home) {
+Terminal::Terminal(const std::vector<std::string>& command, const std::string& home,
+                   const Environment& environment) {
   const winsize size{24, 80, 0, 0};
   child_ = forkpty(&terminal_, nullptr, nullptr, &size);
   if (child_ < 0) throw std::runtime_error("no terminal");
-  if (child_ == 0) Become(command, home);
+  if (child_ == 0) Become(command, home, environment);
 }
 
 Terminal::~Terminal() {
-  close(terminal_);
+  HangUp();
   if (child_ < 0) return;
   kill(child_, SIGKILL);
   Wait();
+}
+
+void Terminal::HangUp() {
+  if (terminal_ >= 0) close(terminal_);
+  terminal_ = -1;
 }
 
 void Terminal::Type(std::string_view keys) const {
@@ -72,6 +83,7 @@ bool Terminal::Shows(std::string_view text) {
 
 // False at the end, or when patience is.
 bool Terminal::ReadMore(std::chrono::milliseconds patience) {
+  if (terminal_ < 0) return false;
   pollfd waiting{terminal_, POLLIN, 0};
   if (poll(&waiting, 1, static_cast<int>(patience.count())) <= 0) return errno == EINTR;
   std::array<char, 4096> part;

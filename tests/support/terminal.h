@@ -14,6 +14,7 @@
 #include <chrono>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace Quarn {
@@ -24,14 +25,20 @@ class Terminal {
   static constexpr std::string_view kControlD = "\x04";
   static constexpr std::string_view kUp = "\x1b[A";
 
-  // Home and the directory for state are the given one. Raises std::runtime_error when there is no
+  using Environment = std::vector<std::pair<std::string, std::string>>;
+
+  // Home and the directories for state and configuration are the given one, and nothing is
+  // coloured, unless the environment says otherwise. Raises std::runtime_error when there is no
   // terminal.
-  Terminal(const std::vector<std::string>& command, const std::string& home);
+  Terminal(const std::vector<std::string>& command, const std::string& home,
+           const Environment& environment = {});
   Terminal(const Terminal&) = delete;
   Terminal& operator=(const Terminal&) = delete;
   ~Terminal();
 
   void Type(std::string_view keys) const;
+  // Nothing can be typed any more.
+  void HangUp();
 
   // Does the text appear, behind what was shown before? Waits for it, a minute at most.
   bool Shows(std::string_view text);

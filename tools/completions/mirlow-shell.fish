@@ -1,0 +1,12 @@
+# fish completion for mirlow-shell
+complete -c mirlow-shell -s e -l execute -x -d 'Run commands'
+complete -c mirlow-shell -l plain -d 'Print the values of expressions and queries alone'
+complete -c mirlow-shell -l json -d 'Print an object of JSON for each command'
+complete -c mirlow-shell -l stop-on-error -d 'Run nothing after a command that reported an error'
+complete -c mirlow-shell -l record -r -F -d 'Append each accepted command to a file'
+complete -c mirlow-shell -l watch -r -F -d 'Show the symbols of a script whenever it is saved'
+complete -c mirlow-shell -l no-init -d 'Do not run the startup file'
+complete -c mirlow-shell -l limit -d 'Change or show limits'
+complete -c mirlow-shell -l color -x -a 'auto always never' -d 'Use colours'
+complete -c mirlow-shell -s h -l help -d 'Show a short help'
+complete -c mirlow-shell -s V -l version -d 'Show the version'
