@@ -1,9 +1,9 @@
 #include "tools/report_writer.h"
 
-#include <charconv>
 #include <optional>
 
 #include "tools/json.h"
+#include "utils/s_str_convert.h"
 
 namespace Quarn {
 namespace {
@@ -26,12 +26,11 @@ void AppendCount(std::string& line, std::string_view key, std::size_t count) {
   line += std::to_string(count);
 }
 
-std::optional<double> ReadNumber(std::string_view text) {
-  double number = 0;
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || stop != end) return std::nullopt;
-  return number;
+// Is the text what a number is printed as?
+std::optional<double> ReadNumber(const s_str& text) {
+  const s_double number = ToDouble(text);
+  if (ToText(number) != text) return std::nullopt;
+  return number.Get();
 }
 
 // A reference that calls `rand` draws anew whenever it is evaluated, so its number is read off the
