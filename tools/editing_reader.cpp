@@ -40,11 +40,13 @@ int GetAbandonKey() {
   return RL_ISSTATE(kReadsKeys) ? kControlG : kControlC;
 }
 
-// After "fg" the line is shown again.
-void HandleSignals() {
-  const bool stops = rl_pending_signal() == SIGTSTP;
+// What ends or stops the process is raised anew by readline, and must not be blocked then. After
+// "fg" the line is shown again.
+void HandleSignals(const sigset_t& mask) {
+  const int signal = rl_pending_signal();
+  if (signal != 0 && signal != SIGINT) sigprocmask(SIG_SETMASK, &mask, nullptr);
   rl_check_signals();
-  if (stops) rl_forced_update_display();
+  if (signal == SIGTSTP) rl_forced_update_display();
 }
 
 // Ctrl-C also drops what was typed before it, so that a read after a poll may find nothing: it must
@@ -67,7 +69,8 @@ std::optional<int> PollKey() {
   unsigned char key = 0;
   const ssize_t count = read(STDIN_FILENO, &key, 1);
   if (count > 0) return key;
-  const bool is_over = (waiting.revents & POLLIN) == 0 || (count < 0 && errno != EINTR);
+  const bool is_over = (waiting.revents & POLLIN) == 0 || (waiting.revents & POLLHUP) != 0 ||
+                       (count < 0 && errno != EINTR);
   return is_over ? std::optional<int>(EOF) : std::nullopt;
 }
 
@@ -80,7 +83,7 @@ int ReadKey(FILE*) {
   sigprocmask(SIG_BLOCK, &all, &before);
   std::optional<int> key;
   while (!key) {
-    HandleSignals();
+    HandleSignals(before);
     sigprocmask(SIG_BLOCK, &all, nullptr);
     key = Interrupts::WasPressed() ? GetAbandonKey() : PollKey();
   }

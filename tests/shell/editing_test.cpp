@@ -1,6 +1,8 @@
 // Tests of the keys: what each does to the line, seen by what the line then evaluates to.
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 #include "tests/support/temporary_directory.h"
 #include "tests/support/terminal.h"
 
@@ -151,6 +153,17 @@ TEST_F(Editing, OverlooksNoControlC) {
     terminal.Type(kAbandon);
     ASSERT_TRUE(terminal.Shows("^C\r\n")) << i;
     ASSERT_TRUE(terminal.Shows("> ")) << i;
+  }
+}
+
+TEST_F(Editing, EndsWhenItsTerminalGoes) {
+  constexpr char kSearch[] = "\x12";
+  for (const char* keys : {"", "1+", kSearch}) {
+    Terminal terminal({MIRLOW_PROGRAM, "--no-init"}, directory_.PathOf(""));
+    ASSERT_TRUE(terminal.Shows("> "));
+    terminal.Type(keys);
+    terminal.HangUp();
+    EXPECT_EQ(terminal.Wait(), -SIGHUP) << keys;
   }
 }
 
