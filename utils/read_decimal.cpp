@@ -90,7 +90,7 @@ class Natural {
   void ShiftLeft(int bits) {
     const auto words = static_cast<std::size_t>(bits / 32);
     if (size_ && words) {
-      std::copy_backward(words_.begin(), words_.begin() + size_, words_.begin() + size_ + words);
+      for (std::size_t i = size_; i-- > 0;) words_[i + words] = words_[i];
       std::fill_n(words_.begin(), words, 0U);
       size_ += words;
     }
