@@ -106,8 +106,11 @@ class Natural {
 
   bool IsLess(const Natural& other) const {
     if (size_ != other.size_) return size_ < other.size_;
-    return std::lexicographical_compare(words_.rend() - size_, words_.rend(),
-                                        other.words_.rend() - other.size_, other.words_.rend());
+    const auto begin = [](const Natural& of) {
+      return of.words_.rend() - static_cast<std::ptrdiff_t>(of.size_);
+    };
+    return std::lexicographical_compare(begin(*this), words_.rend(), begin(other),
+                                        other.words_.rend());
   }
   // REQUIRES: the other is not greater.
   void Subtract(const Natural& other) {
