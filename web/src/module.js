@@ -6,6 +6,7 @@
 const OK = 0;
 const REFERENCE = 3;
 const encoder = new TextEncoder();
+const decoder = new TextDecoder('utf-8', { ignoreBOM: true });
 
 // What a call gets from the system.
 const ENOSYS = 52;
@@ -18,7 +19,7 @@ export async function compile(bytes) {
 // counts. The library counts bytes.
 function placeInUnits(text, position, length) {
   const bytes = encoder.encode(text);
-  const units = (end) => new TextDecoder().decode(bytes.subarray(0, end)).length;
+  const units = (end) => decoder.decode(bytes.subarray(0, end)).length;
   const from = units(position);
   return { from, to: units(position + length) };
 }
@@ -60,7 +61,7 @@ export class Calculator {
   // answers, or an empty one.
   processLine(line, answers = []) {
     this.#printed = [];
-    this.#answers = [...encoder.encode(answers.map((answer) => answer + '\n').join(''))];
+    this.#answers = answers.flatMap((answer) => [...encoder.encode(answer + '\n')]);
     const status = this.#withText(line, (at) => this.#exports.mirlow_process_line(this.#state, at));
     const printed = this.#takePrinted();
     return status === OK ? printed : printed + '\tError : Not enough memory\n';
@@ -140,15 +141,16 @@ export class Calculator {
   #text(at) {
     if (at === 0) return '';
     const memory = new Uint8Array(this.#exports.memory.buffer);
-    return new TextDecoder().decode(memory.subarray(at, memory.indexOf(0, at)));
+    return decoder.decode(memory.subarray(at, memory.indexOf(0, at)));
   }
 
   // Lends a text to the module. As in every text of C, nothing counts after a zero byte.
   #withText(text, use) {
-    const bytes = encoder.encode(text + '\0');
-    const at = this.#exports.malloc(bytes.length);
+    const most = 3 * text.length + 1;  // bytes of UTF-8, and the zero byte
+    const at = this.#exports.malloc(most);
     if (at === 0) throw new Error('Not enough memory');
-    this.#bytes(at, bytes.length).set(bytes);
+    const room = this.#bytes(at, most);
+    room[encoder.encodeInto(text, room).written] = 0;
     const result = use(at);
     this.#exports.free(at);
     return result;
@@ -162,11 +164,18 @@ export class Calculator {
     return result;
   }
 
+  // Pieces may end within a character.
   #takePrinted() {
-    const decoder = new TextDecoder();
-    const texts = this.#printed.map((bytes) => decoder.decode(bytes, { stream: true }));
+    const pieces = this.#printed;
     this.#printed = [];
-    return texts.join('') + decoder.decode();
+    if (pieces.length === 1) return decoder.decode(pieces[0]);
+    const bytes = new Uint8Array(pieces.reduce((sum, piece) => sum + piece.length, 0));
+    let at = 0;
+    for (const piece of pieces) {
+      bytes.set(piece, at);
+      at += piece.length;
+    }
+    return decoder.decode(bytes);
   }
 
   // ---- What the module asks for ----
