@@ -1,46 +1,82 @@
 // Colours and completion, by the names that the calculator itself has for types, functions and
-// symbols.
+// symbols. The language has no tokens that go beyond a line, so only what is in view is coloured.
 import { autocompletion } from '@codemirror/autocomplete';
-import { HighlightStyle, StreamLanguage, syntaxHighlighting } from '@codemirror/language';
-import { tags } from '@lezer/highlight';
+import { StateEffect } from '@codemirror/state';
+import { Decoration, ViewPlugin } from '@codemirror/view';
 
 // What the calculator knew when it was last asked.
 export const known = { type: [], function: [], symbol: [] };
 
-const beginsCommand = (stream) => stream.pos === 0 || stream.string[stream.pos - 1] === ';';
+const recolour = StateEffect.define();
+const learned = new WeakSet();  // the editors that have been
 
-// Digits with at most one full stop, then perhaps an exponent, which has no sign.
-const NUMBER = /^(\d+\.?\d*|\.\d+)(e\d+)?(?![a-zA-Z0-9])/;
-
-function wordStyle(word, stream) {
-  if (known.function.includes(word) && /^ *\(/.test(stream.string.slice(stream.pos))) {
-    return 'keyword';
-  }
-  const before = stream.string.slice(0, stream.start).split(';').at(-1);
-  if (known.type.includes(word) && /:\s*$/.test(before)) return 'typeName';
-  return 'variableName';
+// Takes what the calculator knows now. Only symbols come and go later, and they have no colour: an
+// editor is coloured again the first time.
+export function learn(view, names) {
+  Object.assign(known, names);
+  if (learned.has(view)) return;
+  learned.add(view);
+  view.dispatch({ effects: recolour.of(null) });
 }
 
-function nextToken(stream) {
-  if (stream.eatSpace()) return null;
-  if (beginsCommand(stream)) {
-    if (stream.match(/^\/\/[^;]*/)) return 'comment';
-    if (stream.match(/^[~?]/)) return 'controlOperator';
-  }
-  if (stream.match(NUMBER)) return 'number';
-  const word = stream.match(/^[a-zA-Z0-9_]+/);
-  if (word) return wordStyle(word[0], stream);
-  return /[-+*/^!&=:]/.test(stream.next()) ? 'operator' : null;
+// In a command; digits have at most one full stop, then perhaps an exponent, which has no sign.
+const TOKENS = /(\d+\.?\d*|\.\d+)(e\d+)?(?![a-zA-Z0-9])|[a-zA-Z0-9_]+|[-+*/^!&=:]|^[~?]/g;
+
+function kindOf(token, before, after) {
+  if (/^[~?]/.test(token)) return 'command';
+  if (/^[-+*/^!&=:]/.test(token)) return 'operator';
+  if (known.type.includes(token) && /:\s*$/.test(before)) return 'type';
+  if (known.function.includes(token) && /^ *\(/.test(after)) return 'function';
+  return /^(\d+\.?\d*|\.\d+)(e\d+)?$/.test(token) ? 'number' : '';
 }
 
-const style = HighlightStyle.define([
-  { tag: tags.comment, class: 'tok-comment' },
-  { tag: tags.controlOperator, class: 'tok-command' },
-  { tag: tags.number, class: 'tok-number' },
-  { tag: tags.keyword, class: 'tok-function' },
-  { tag: tags.typeName, class: 'tok-type' },
-  { tag: tags.operator, class: 'tok-operator' },
-]);
+// The coloured stretches of a line: { from, to, kind }.
+export function colour(line) {
+  const found = [];
+  let start = 0;
+  for (const command of line.split(';')) {
+    if (command.startsWith('//')) {
+      found.push({ from: start, to: start + command.length, kind: 'comment' });
+    } else {
+      for (const { 0: token, index } of command.matchAll(TOKENS)) {
+        const end = index + token.length;
+        const kind = kindOf(token, command.slice(0, index), command.slice(end));
+        if (kind) found.push({ from: start + index, to: start + end, kind });
+      }
+    }
+    start += command.length + 1;
+  }
+  return found;
+}
+
+// Colours of a line that is longer cost more than they are worth.
+const MOST_CHARACTERS = 10_000;
+
+const marks = Object.fromEntries(['comment', 'command', 'number', 'function', 'type', 'operator']
+  .map((kind) => [kind, Decoration.mark({ class: `tok-${kind}` })]));
+
+function colourView(view) {
+  const ranges = [];
+  for (const { from, to } of view.visibleRanges) {
+    for (let line = view.state.doc.lineAt(from); ; line = view.state.doc.line(line.number + 1)) {
+      const coloured = line.length > MOST_CHARACTERS ? [] : colour(line.text);
+      for (const it of coloured) {
+        ranges.push(marks[it.kind].range(line.from + it.from, line.from + it.to));
+      }
+      if (line.to >= to) break;
+    }
+  }
+  return Decoration.set(ranges, true);
+}
+
+const colours = ViewPlugin.define((view) => ({
+  decorations: colourView(view),
+  update(update) {
+    const hasLearned = update.transactions.some(({ effects }) =>
+      effects.some((effect) => effect.is(recolour)));
+    if (update.docChanged || update.viewportChanged || hasLearned) this.decorations = colourView(update.view);
+  },
+}), { decorations: (plugin) => plugin.decorations });
 
 function complete(context) {
   const word = context.matchBefore(/[a-zA-Z0-9_]+/);
@@ -61,8 +97,4 @@ function complete(context) {
   };
 }
 
-export const mirlow = [
-  StreamLanguage.define({ name: 'mirlow', token: nextToken }),
-  syntaxHighlighting(style),
-  autocompletion({ override: [complete], icons: false }),
-];
+export const mirlow = [colours, autocompletion({ override: [complete], icons: false })];

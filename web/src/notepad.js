@@ -5,7 +5,7 @@ import { bracketMatching } from '@codemirror/language';
 import { EditorState } from '@codemirror/state';
 import { EditorView, drawSelection, keymap, lineNumbers } from '@codemirror/view';
 
-import { known, mirlow } from './language.js';
+import { learn, mirlow } from './language.js';
 import { results, show } from './results.js';
 
 // Allows the style sheets of the editor under the site's Content-Security-Policy.
@@ -93,7 +93,7 @@ export class Notepad {
   }
 
   #finish(report) {
-    Object.assign(known, report.names);
+    learn(this.view, report.names);
     this.#options.onDone?.(report);
   }
 }

@@ -52,6 +52,12 @@ for (const name of ['tutorial', 'language']) {
     dialogues.forEach((dialogue, i) => {
       assert.deepEqual(shown[i], expectedOf(dialogue), `dialogue ${i + 1}`);
     });
+    // Functions have their colour in each.
+    const coloured = await page.$$eval('.dialogue', (notepads) => notepads
+      .map((it) => it.querySelectorAll('.tok-function').length));
+    const calls = dialogues.map(({ turns }) => turns.flatMap(({ line }) =>
+      line.match(/\b(max|min|rand|round|round_down|round_up) *\(/g) ?? []).length);
+    assert.deepEqual(coloured, calls);
     await closePage(page);
   });
 }

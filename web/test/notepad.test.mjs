@@ -150,6 +150,13 @@ test('symbols and functions are completed', async () => {
     ['round_up(height/2)', 'Scalar : 2']]);
 });
 
+test('functions and types have their colours from the start', async () => {
+  page = await openText(site, 'v:Vector\nmin(1, 2)');
+  await page.waitForSelector('.tok-function');
+  assert.equal(await page.$eval('.tok-function', (it) => it.textContent), 'min');
+  assert.equal(await page.$eval('.tok-type', (it) => it.textContent), 'Vector');
+});
+
 test('what is typed can be undone', async () => {
   page = await openText(site, '1+1');
   await expectResults(page, [['1+1', 'Scalar : 2']]);
