@@ -11,10 +11,12 @@ const TYPES = {
   '.svg': 'image/svg+xml', '.wasm': 'application/wasm',
 };
 
+// Names of files in one folder; nothing leads out of it.
+const NAME = /^\/([a-z]+\.[a-z]+)?(\?|$)/;
+
 async function answer(request, response) {
-  const name = /^\/([a-z]*\.?[a-z]*)(\?|$)/.exec(request.url)?.[1];
   try {
-    const path = name || 'index.html';
+    const [, path = 'index.html'] = NAME.exec(request.url);
     const body = await readFile(new URL(path, site));
     const policy = await readFile(new URL('policy.txt', site), 'utf8');
     response.writeHead(200, {
