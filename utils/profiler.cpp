@@ -10,6 +10,7 @@
 
 #include "utils/s_str_convert.h"
 #include "utils/time_manager.h"
+#include "utils/write_real.h"
 
 namespace Quarn {
 namespace {
@@ -60,8 +61,7 @@ struct Decimal {
 // All digits, of which a double has 767 at most. REQUIRES: the value is finite and above 0.
 Decimal ToDecimal(double value) {
   char room[800];
-  const char* end =
-      std::to_chars(room, std::end(room), value, std::chars_format::scientific, 766).ptr;
+  const char* end = WriteReal(room, std::end(room), value, std::chars_format::scientific, 766);
   const std::string_view text(room, static_cast<std::size_t>(end - room));  // "1.234...e-04"
   const std::size_t mark = text.find('e');
   Decimal decimal = {std::string(text.substr(0, mark)).erase(1, 1), 0};

@@ -8,6 +8,7 @@
 
 #include "utils/decimal.h"
 #include "utils/read_decimal.h"
+#include "utils/write_real.h"
 
 namespace Quarn {
 namespace {
@@ -18,19 +19,19 @@ char* WriteWord(char* out, std::string_view word) {
 }
 
 template <class T>
-char* WriteReal(char* out, T value, int digits) {
+char* WriteAnyReal(char* out, T value, int digits) {
   using Class = typename s_double_t<T>::Class;
   const Class kind = s_double_t<T>(value).Classify();
   if (kind == Class::kNaN) return WriteWord(out, "nan");
   if (kind == Class::kPositiveInfinity) return WriteWord(out, "inf+");
   if (kind == Class::kNegativeInfinity) return WriteWord(out, "inf-");
-  return std::to_chars(out, out + kNumberRoom, value, std::chars_format::general, digits).ptr;
+  return WriteReal(out, out + kNumberRoom, value, std::chars_format::general, digits);
 }
 
 template <class T>
 s_str RealToText(T value, int digits) {
   char room[kNumberRoom];
-  const char* end = WriteReal(room, value, digits);
+  const char* end = WriteAnyReal(room, value, digits);
   return s_str(std::string_view(room, static_cast<std::size_t>(end - room)));
 }
 
@@ -115,7 +116,7 @@ T ReadByStream(const s_str& text) {
 
 char* WriteDouble(char* out, double value) {
   char* end = WriteOrdinary(out, value);
-  return end ? end : WriteReal(out, value, kDoubleDigits);
+  return end ? end : WriteAnyReal(out, value, kDoubleDigits);
 }
 
 s_str ToText(s_double value) {
