@@ -19,6 +19,7 @@ class Budget {
     explicit Scope(Budget& budget) : budget_(budget) {
       if (budget.scopes_++ > 0) return;
       budget.interrupted_.store(false, std::memory_order_relaxed);
+      budget.was_heard_ = false;
       budget.Refill();
     }
     ~Scope() { --budget_.scopes_; }
@@ -49,12 +50,18 @@ class Budget {
     return true;
   }
   // Why there was nothing to spend.
-  Failure GetReason() const { return IsInterrupted() ? Failure::kInterrupted : Failure::kSteps; }
+  Failure GetReason() {
+    was_heard_ = IsInterrupted();
+    return was_heard_ ? Failure::kInterrupted : Failure::kSteps;
+  }
+  // Has what was under way ended by the interruption?
+  bool WasHeard() const { return was_heard_; }
 
  private:
   Limits limits_;
   std::uint64_t steps_left_ = Limits::kNone;
   unsigned int scopes_ = 0;
+  bool was_heard_ = false;
   std::atomic<bool> interrupted_ = false;
 };
 static_assert(std::atomic<bool>::is_always_lock_free);

@@ -41,6 +41,10 @@ void Commands::ProcessLine(std::string_view line) {
     begin_ = begin;  // again each time: a command may call for another line
     ProcessCommand(command);
   }
+  // It came between two commands.
+  if (!line.empty() && !budget.WasHeard()) {
+    PrintMessage(messages::LimitReached(Failure::kInterrupted));
+  }
 }
 
 void Commands::ProcessCommand(std::string_view command) {

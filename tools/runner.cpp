@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "interpreter/messages.h"
 #include "tools/colours.h"
 #include "tools/interrupts.h"
 #include "types/vector.h"
@@ -30,10 +31,21 @@ bool Runner::RunLine(std::string_view line, Source source) {
     source.column = static_cast<std::size_t>(command.data() - begin);
     RunCommand(command, source);
     was_interrupted_ = Interrupts::Take();
-    if (was_interrupted_) return true;
+    if (was_interrupted_) {
+      if (!line.empty()) TellInterruption();
+      return true;
+    }
     if (has_seen_error_ && options_.stops_on_error) return false;
   }
   return true;
+}
+
+// Unless a command has said so: Ctrl-C may come between two.
+void Runner::TellInterruption() {
+  const s_str message = messages::LimitReached(Failure::kInterrupted);
+  if (capture_.GetText().find(message.GetView()) != std::string_view::npos) return;
+  has_seen_error_ = true;
+  (options_.format == Format::kText ? out_ : *options_.errors) << message.GetView() << '\n';
 }
 
 void Runner::RunCommand(std::string_view command, const Source& source) {

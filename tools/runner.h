@@ -50,6 +50,7 @@ class Runner {
   bool HasSeenError() const { return has_seen_error_; }
 
  private:
+  void TellInterruption();
   void RunCommand(std::string_view command, const Source& source);
   std::vector<std::string> ListNames() const;
   void Show(std::string_view command, const Source& source);

@@ -211,6 +211,14 @@ TEST_F(InterruptTest, EndsTheExpressionAndTheLine) {
   ExpectToGoOn();
 }
 
+// The call is the last that the first command does, so that it has its value.
+TEST_F(InterruptTest, IsToldWhenItComesBetweenCommands) {
+  EXPECT_EQ(session_.Type("x=2;interrupt();x=3"),
+            "\tDefining Scalar : x = 2\n\tScalar : 1\n" + std::string(kInterrupted) + "\n");
+  EXPECT_EQ(session_.Type("interrupt()"), "\tScalar : 1\n") << "nothing was left to end";
+  EXPECT_EQ(session_.Type("x"), "\tScalar : 2\n");
+}
+
 TEST_F(InterruptTest, IsSeenInEveryKindOfLongWork) {
   const std::string sum = "interrupt()" + Repeat("+1", 10000);
   is_armed_ = false;
