@@ -44,7 +44,7 @@ int GetAbandonKey() {
 // "fg" the line is shown again.
 void HandleSignals(const sigset_t& mask) {
   const int signal = rl_pending_signal();
-  if (signal != 0 && signal != SIGINT) sigprocmask(SIG_SETMASK, &mask, nullptr);
+  if (signal == SIGHUP || signal == SIGTERM) sigprocmask(SIG_SETMASK, &mask, nullptr);
   rl_check_signals();
   if (signal == SIGTSTP) rl_forced_update_display();
 }
