@@ -123,14 +123,13 @@ TEST_F(Editing, GoesThroughHistory) {
   ExpectOutputs(kRows);
 }
 
-// But for what Ctrl-V quotes: that may be Ctrl-C itself.
 TEST_F(Editing, AbandonsWhateverIsUnderWayByControlC) {
   for (const char* keys : {"1+",
                            "\x12"
                            "2+",
                            "\x1b"
                            "5",
-                           "rou\t", "<1, \x1b[D", "\x1b"}) {
+                           "\x16", "rou\t", "<1, \x1b[D", "\x1b"}) {
     Terminal terminal({MIRLOW_PROGRAM}, directory_.PathOf(""));
     ASSERT_TRUE(terminal.Shows("> "));
     terminal.Type("x=2+2\n");
