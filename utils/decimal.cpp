@@ -1,7 +1,6 @@
 #include "utils/decimal.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
