@@ -1,7 +1,6 @@
 #include "utils/decimal.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -92,8 +91,7 @@ Rounded RoundTo15Digits(std::uint64_t m, int shift, int exponent) {
 // REQUIRES: 0.0001 <= value < 1e15.
 Rounded RoundTo15Digits(double value) {
   // Not std::bit_cast, which libc++ 13 lacks; emscripten has that one.
-  std::uint64_t bits;
-  std::memcpy(&bits, &value, sizeof(bits));
+  const auto bits = __builtin_bit_cast(std::uint64_t, value);
   constexpr int kFractionBits = 52;
   constexpr std::uint64_t kHiddenBit = std::uint64_t{1} << kFractionBits;
   const int power = static_cast<int>(bits >> kFractionBits) - 1023;

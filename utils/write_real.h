@@ -11,7 +11,8 @@ namespace Quarn {
 
 // Written by printf: as "%.*g", or "%.*e" when scientific. One more byte than the text must fit,
 // for the zero at its end. Returns the end of the text.
-inline char* PrintReal(char* out, char* end, double value, std::chars_format format, int digits) {
+inline char* PrintReal(char* out, const char* end, double value, std::chars_format format,
+                       int digits) {
   const auto room = static_cast<std::size_t>(end - out);
   const char* layout = format == std::chars_format::scientific ? "%.*e" : "%.*g";
   return out + std::snprintf(out, room, layout, digits, value);

@@ -16,11 +16,11 @@ constexpr std::size_t kRoom = 800;
 
 std::string Write(double value, std::chars_format format, int digits) {
   char room[kRoom];
-  return std::string(room, WriteReal(room, room + kRoom, value, format, digits));
+  return {room, WriteReal(room, room + kRoom, value, format, digits)};
 }
 std::string Print(double value, std::chars_format format, int digits) {
   char room[kRoom];
-  return std::string(room, PrintReal(room, room + kRoom, value, format, digits));
+  return {room, PrintReal(room, room + kRoom, value, format, digits)};
 }
 
 TEST(WriteReal, HasTheDigitsThatAreAskedFor) {
