@@ -68,7 +68,11 @@ std::optional<int> PollKey() {
   if (ppoll(&waiting, 1, nullptr, &none) < 0) return std::nullopt;
   unsigned char key = 0;
   const ssize_t count = read(STDIN_FILENO, &key, 1);
-  if (count > 0) return key;
+  if (count > 0 && key != kControlC) return key;
+  if (count > 0) {
+    raise(SIGINT);  // after Ctrl-V the terminal makes no signal of it
+    return std::nullopt;
+  }
   const bool is_over = (waiting.revents & POLLIN) == 0 || (waiting.revents & POLLHUP) != 0 ||
                        (count < 0 && errno != EINTR);
   return is_over ? std::optional<int>(EOF) : std::nullopt;

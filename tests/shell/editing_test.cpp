@@ -144,6 +144,19 @@ TEST_F(Editing, AbandonsWhateverIsUnderWayByControlC) {
   }
 }
 
+// Between Ctrl-V and the next key the terminal makes no signals.
+TEST_F(Editing, AbandonsByControlCThatIsReadAsAKey) {
+  Terminal terminal({MIRLOW_PROGRAM, "--no-init"}, directory_.PathOf(""));
+  ASSERT_TRUE(terminal.Shows("> "));
+  terminal.Type("1+\x16");
+  ASSERT_TRUE(terminal.MakesNoSignals());
+  terminal.Type(kAbandon);
+  EXPECT_TRUE(terminal.Shows("^C\r\n"));
+  EXPECT_TRUE(terminal.Shows("> "));
+  terminal.Type("2+3\n");
+  EXPECT_TRUE(terminal.Shows("\tScalar : 5\r\n")) << terminal.GetRest();
+}
+
 // The terminal drops what was typed before Ctrl-C and was not read yet; Ctrl-C itself counts.
 TEST_F(Editing, OverlooksNoControlC) {
   Terminal terminal({MIRLOW_PROGRAM, "--no-init"}, directory_.PathOf(""));

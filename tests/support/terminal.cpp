@@ -3,6 +3,7 @@
 #include <poll.h>
 #include <pty.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <array>
@@ -79,6 +80,16 @@ bool Terminal::Shows(std::string_view text) {
     }
     if (!ReadMore(kPatience)) return false;
   }
+}
+
+bool Terminal::MakesNoSignals() const {
+  const auto limit = std::chrono::steady_clock::now() + kPatience;
+  termios modes = {};
+  do {
+    if (tcgetattr(terminal_, &modes) != 0) return false;
+    if ((modes.c_lflag & ISIG) == 0) return true;
+  } while (poll(nullptr, 0, 1) == 0 && std::chrono::steady_clock::now() < limit);
+  return false;
 }
 
 // False at the end, or when patience is.

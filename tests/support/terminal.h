@@ -42,6 +42,8 @@ class Terminal {
 
   // Does the text appear, behind what was shown before? Waits for it, a minute at most.
   bool Shows(std::string_view text);
+  // Does the child make Ctrl-C a key like any other? Waits for it, a minute at most.
+  bool MakesNoSignals() const;
   // All that appeared so far and was not asked for.
   const std::string& GetRest() const { return rest_; }
 
