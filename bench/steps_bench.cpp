@@ -28,9 +28,10 @@ void ReadExpression(benchmark::State& run) {
   const Registries& registries = host.state.GetCore().registries;
   ReaderStorage storage;
   Program program;
+  const ReadOptions options;
   for (auto _ : run) {
     program.Clear();
-    benchmark::DoNotOptimize(Reader(registries, storage, text, {}).Read(program, text.size()));
+    benchmark::DoNotOptimize(Reader(registries, storage, text, options).Read(program, text.size()));
   }
   run.SetBytesProcessed(run.iterations() * static_cast<std::int64_t>(text.size()));
 }

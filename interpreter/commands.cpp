@@ -21,6 +21,12 @@ constexpr std::size_t kNowhere = std::string_view::npos;
 // Of a line of output, what is kept for the next one.
 constexpr std::size_t kMostKept = std::size_t{1} << 20;
 
+// Numbers are what most lines print, so the beginning of those is at hand as a whole.
+constexpr std::string_view kNumberShown = "\tScalar : ";
+constexpr std::string_view kNumberDefined = "\tDefining Scalar : ";
+static_assert(kNumberShown.substr(1).starts_with(kNumberType));
+static_assert(kNumberDefined.ends_with(kNumberShown.substr(1)));
+
 // Does the text end with the character, and hold it nowhere else?
 bool EndsWithFirst(std::string_view text, char c) {
   return !text.empty() && text.find(c) == text.size() - 1;
@@ -139,7 +145,7 @@ void Commands::Query(std::string_view name) {
   Name* symbol = core_.symbols.Find(name);
   if (!symbol) return PrintMessage(messages::UnknownSymbol(name));
   if (symbol->IsNumber()) {
-    PrintNumber("\t", core_.symbols.GetNameOfNumber(*symbol), symbol->number);
+    PrintNumber(kNumberShown, core_.symbols.GetNameOfNumber(*symbol), symbol->number);
   } else {
     const s_refptr<Symbol> queried = symbol->object;
     if (!PrintValue("\t", queried->GetType().GetView(), *queried)) return;
@@ -153,7 +159,7 @@ void Commands::PrintExpression(std::string_view expression) {
   Evaluated result;
   if (!Evaluate(expression, Symbol::NoName(), true, result, error)) return PrintMessage(error);
   if (result.value.IsNumber()) {
-    PrintNumber("\t", {}, result.value.GetNumber());
+    PrintNumber(kNumberShown, {}, result.value.GetNumber());
     return core_.symbols.SetLastResult(result.value);
   }
   const s_refptr<Symbol> value = result.value.GetValue();
@@ -189,7 +195,7 @@ void Commands::DefineNumber(std::string_view name, const Evaluated& result) {
   const double number = result.value.GetNumber();
   core_.symbols.SetNumber(name, number, result.is_named);
   if (!result.is_named) name = {};
-  PrintNumber("\tDefining ", name, number);
+  PrintNumber(kNumberDefined, name, number);
   core_.symbols.SetLastResult(result.value, name);
 }
 
@@ -234,7 +240,7 @@ bool Commands::PrintValue(std::string_view before, std::string_view type, const 
 
 void Commands::PrintNumber(std::string_view before, std::string_view name, double number) {
   line_.Clear();
-  line_.Append(before).Append(kNumberType).Append(" : ");
+  line_.Append(before);
   if (!name.empty()) line_.Append(name).Append(" = ");
   char digits[kNumberRoom];
   char* end = WriteDouble(digits, number);

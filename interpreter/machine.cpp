@@ -22,8 +22,8 @@ bool Machine::Evaluate(std::string_view text, const s_str& name, bool allows_new
     diagnosis.failure = Failure::kForm;
   } else if (entry.IsGranted()) {
     Program& program = entry.BorrowProgram();
-    Reader reader(registries_, reader_storage_, text,
-                  {.allows_new = allows_new, .nesting = budget_.GetLimits().nesting});
+    const ReadOptions options{.allows_new = allows_new, .nesting = budget_.GetLimits().nesting};
+    Reader reader(registries_, reader_storage_, text, options);
     PushFrame(program, text, name).error = &error;
     bool has_more = true;
     while (has_more) {
@@ -64,9 +64,8 @@ void Machine::Read(std::string_view text, Program& program) {
     program.code.push_back({.code = Code::kFail, .position = 0, .number = 0});
     return;
   }
-  Reader(registries_, reader_storage_, text,
-         {.names = &symbols_, .nesting = budget_.GetLimits().nesting})
-      .Read(program, kChunk);
+  const ReadOptions options{.names = &symbols_, .nesting = budget_.GetLimits().nesting};
+  Reader(registries_, reader_storage_, text, options).Read(program, kChunk);
 }
 
 bool Machine::Evaluate(const Program& program, std::string_view text, Operand& result,

@@ -10,7 +10,7 @@ void ReaderStorage::GiveBack() {
 }
 
 Reader::Reader(const Registries& registries, ReaderStorage& storage, std::string_view text,
-               ReadOptions options)
+               const ReadOptions& options)
     : registries_(registries),
       storage_(storage),
       text_(text),

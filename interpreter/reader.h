@@ -100,10 +100,12 @@ struct ReadOptions {
 
 class Reader {
  public:
-  // The text must outlive the reader, and the registries must not change meanwhile.
+  // The text and the options must outlive the reader, and the registries must not change
+  // meanwhile.
   // REQUIRES: fewer than 2^32 - 1 characters.
   Reader(const Registries& registries, ReaderStorage& storage, std::string_view text,
-         ReadOptions options);
+         const ReadOptions& options);
+  Reader(const Registries&, ReaderStorage&, std::string_view, ReadOptions&&) = delete;
   ~Reader();
   Reader(const Reader&) = delete;
   Reader& operator=(const Reader&) = delete;
@@ -192,7 +194,7 @@ class Reader {
   const Registries& registries_;
   ReaderStorage& storage_;
   const std::string_view text_;
-  const ReadOptions options_;
+  const ReadOptions& options_;
   bool is_leaf_;  // until the first operand
   const std::size_t level_base_;
   const BracketIndex own_brackets_;  // of nothing, when the text has one already

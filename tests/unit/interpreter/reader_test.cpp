@@ -59,7 +59,8 @@ std::string Dump(const Instruction& instruction, std::string_view text, const Re
 std::string Read(Session& session, std::string_view text, std::size_t most = 1000) {
   const Registries& known = session.GetState().GetCore().registries;
   ReaderStorage storage;
-  Reader reader(known, storage, text, {});
+  const ReadOptions options;
+  Reader reader(known, storage, text, options);
   std::string dump;
   Program program;
   bool has_more = true;
