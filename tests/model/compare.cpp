@@ -2,11 +2,9 @@
 
 #include <cstdlib>
 #include <deque>
-#include <sstream>
 
-#include "interpreter/state.h"
 #include "tests/model/model.h"
-#include "types/vector.h"
+#include "tests/model/player.h"
 
 namespace Quarn::model {
 namespace {
@@ -31,22 +29,12 @@ std::vector<std::string> Foretell(const std::vector<Step>& session, unsigned int
 Comparison Compare(const std::vector<Step>& session, unsigned int random_seed,
                    const std::function<void(State&)>& prepare) {
   const std::vector<std::string> expected = Foretell(session, random_seed);
-  std::srand(random_seed);
-  std::ostringstream out;
-  std::stringstream in;
-  State state(out, in);
-  Vector::Register(state);
-  if (prepare) prepare(state);
+  Player player(random_seed, prepare);
   Comparison comparison{expected.size(), {}};
   for (std::size_t i = 0; i < expected.size(); ++i) {
-    std::string answers;
-    for (const std::string& answer : session[i].answers) answers += answer + '\n';
-    in.clear();
-    in.str(answers);
-    out.str({});
-    state.ProcessLine(session[i].line);
-    if (out.str() == expected[i]) continue;
-    comparison.difference = {i, expected[i], out.str()};
+    const std::string printed = player.Play(session[i]);
+    if (printed == expected[i]) continue;
+    comparison.difference = {i, expected[i], printed};
     break;
   }
   return comparison;

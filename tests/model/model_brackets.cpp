@@ -90,4 +90,28 @@ bool CutTopLevel(const std::string& text, Separator separator, std::vector<std::
   return true;
 }
 
+std::string Glue(const std::vector<std::string>& pieces, std::size_t start, std::size_t end) {
+  std::string text;
+  for (std::size_t i = start; i < end; ++i) text += pieces[i];
+  return text;
+}
+
+std::size_t ChosenOperator(const std::vector<std::string>& pieces) {
+  std::size_t chosen = 0;
+  int best = 0;
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    const int priority = PriorityOf(pieces[i]);
+    if (priority == 0 || (best != 0 && priority > best)) continue;
+    best = priority;
+    chosen = i;
+  }
+  return chosen;
+}
+
+bool HasIndexing(const std::string& text) {
+  const std::size_t open = text.find('[');
+  const std::size_t close = text.find(']');
+  return open != std::string::npos && close != std::string::npos && open < close;
+}
+
 }  // namespace Quarn::model

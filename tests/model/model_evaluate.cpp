@@ -22,32 +22,6 @@ bool IsWrapped(const std::string& text, char first, char last) {
 
 std::string Inside(const std::string& text) { return text.substr(1, text.size() - 2); }
 
-std::string Glue(const std::vector<std::string>& pieces, std::size_t start, std::size_t end) {
-  std::string text;
-  for (std::size_t i = start; i < end; ++i) text += pieces[i];
-  return text;
-}
-
-// The operator that is applied last: the rightmost of those that bind loosest.
-std::size_t ChosenOperator(const std::vector<std::string>& pieces) {
-  std::size_t chosen = 0;
-  int best = 0;
-  for (std::size_t i = 0; i < pieces.size(); ++i) {
-    const int priority = PriorityOf(pieces[i]);
-    if (priority == 0) continue;
-    if (best != 0 && priority > best) continue;
-    best = priority;
-    chosen = i;
-  }
-  return chosen;
-}
-
-bool HasIndexing(const std::string& text) {
-  const std::size_t open = text.find('[');
-  const std::size_t close = text.find(']');
-  return open != std::string::npos && close != std::string::npos && open < close;
-}
-
 std::string MixingMessage(const std::string& first, const std::string& second) {
   return "\tError : Non-homogeneous Vectors are not allowed.\n\t        Trying to mix " + first +
          " with " + second;

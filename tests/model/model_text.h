@@ -2,6 +2,7 @@
 // level. Every function is plain, knows no values, and is written for being checked by eye.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -37,5 +38,15 @@ enum class Separator { kOperator, kComma };
 // pieces are not trimmed and never empty. False, with one message added, when a bracket is wrong.
 bool CutTopLevel(const std::string& text, Separator separator, std::vector<std::string>& pieces,
                  std::string& error);
+
+// The texts of some pieces, from `start` up to `end`.
+std::string Glue(const std::vector<std::string>& pieces, std::size_t start, std::size_t end);
+
+// The place of the operator that is applied last: the rightmost of those that bind loosest. One of
+// several pieces is always an operator.
+std::size_t ChosenOperator(const std::vector<std::string>& pieces);
+
+// Does the first "]" stand after the first "["?
+bool HasIndexing(const std::string& text);
 
 }  // namespace Quarn::model

@@ -6,7 +6,10 @@
 namespace Quarn::random_host {
 namespace {
 
+using model::ChosenOperator;
 using model::CutTopLevel;
+using model::Glue;
+using model::HasIndexing;
 using model::IsAlphanumeric;
 using model::PriorityOf;
 using model::Separator;
@@ -14,26 +17,6 @@ using model::Trim;
 
 // More than any expression here nests, unless it leads back to itself.
 constexpr int kMostLevels = 300;
-
-std::string Glue(const std::vector<std::string>& pieces, std::size_t start, std::size_t end) {
-  std::string text;
-  for (std::size_t i = start; i < end; ++i) text += pieces[i];
-  return text;
-}
-
-// The operator that is applied last: the rightmost of those that bind loosest. One of several
-// pieces is always an operator.
-std::size_t ChosenOperator(const std::vector<std::string>& pieces) {
-  std::size_t chosen = 0;
-  int best = 0;
-  for (std::size_t i = 0; i < pieces.size(); ++i) {
-    const int priority = PriorityOf(pieces[i]);
-    if (priority == 0 || (best != 0 && priority > best)) continue;
-    best = priority;
-    chosen = i;
-  }
-  return chosen;
-}
 
 // Where the list behind a "(" ends: at the last parenthesis that closes one of those behind it.
 std::size_t EndOfList(const std::string& text, std::size_t open) {
@@ -46,12 +29,6 @@ std::size_t EndOfList(const std::string& text, std::size_t open) {
     close = i;
   }
   return close;
-}
-
-bool HasIndexing(const std::string& text) {
-  const std::size_t open = text.find('[');
-  const std::size_t close = text.find(']');
-  return open != std::string::npos && close != std::string::npos && open < close;
 }
 
 }  // namespace
