@@ -43,7 +43,7 @@ class Cell::Collection {
 
 void Cell::Drop() {
   const Collection collection;
-  if (cells_) cells_->Remove(*this);
+  if (cells_) cells_->table_.Remove(*this, hash_);
   next_ = std::exchange(bin.first, this);
 }
 
@@ -128,7 +128,7 @@ Cell::~Cell() {
   if (state == State::kFresh && answer.outcome != Outcome::kRing) readers.Inherit(reads);
   Unlink();
   readers.Invalidate();
-  if (cells_) program.Release(cells_->GetNames());
+  if (cells_) program.Release(cells_->GetSymbols());
 }
 
 Answer Cell::Follow() {
@@ -138,77 +138,41 @@ Answer Cell::Follow() {
 
 Cells::~Cells() {
   const Cell::Collection collection;
-  for (Cell* first : table_) {
-    for (Cell* cell = first; cell; cell = cell->next_) {
-      cell->Unlink();
-      cell->state = Cell::State::kStale;
-    }
-  }
-  for (Cell* first : table_) {
-    for (Cell* cell = first; cell; cell = cell->next_) cell->program.Release(*names_);
-  }
-  // What has lost its last owner waits in the bin, where it is linked by what linked the table.
-  for (Cell*& first : table_) {
-    while (first) {
-      Cell& cell = *first;
-      cell.answer = {};
-      first = cell.next_;
-      cell.cells_ = nullptr;
-    }
-  }
+  table_.ForEach([](Cell& cell) {
+    cell.Unlink();
+    cell.state = Cell::State::kStale;
+    cell.cells_ = nullptr;
+  });
+  table_.ForEach([this](Cell& cell) {
+    cell.program.Release(*symbols_);
+    cell.answer = {};
+  });
 }
 
 // A long text goes by what it begins with and by its length.
 std::uint32_t Cells::Hash(std::string_view text) const {
-  const std::size_t hash = hash_(text.substr(0, kHashed));
+  const std::uint32_t hash = table_.Hash(text.substr(0, kHashed));
   return static_cast<std::uint32_t>(hash ^ (text.size() * 0x9E3779B1U));
-}
-
-Cell* Cells::Find(std::string_view text, std::uint32_t hash) {
-  for (Cell* cell = Place(hash); cell; cell = cell->next_) {
-    if (cell->hash_ == hash && cell->GetText() == text) return cell;
-  }
-  return nullptr;
 }
 
 CellPtr Cells::Get(std::string_view text) {
   const std::uint32_t hash = Hash(text);
-  if (Cell* cell = Find(text, hash)) return CellPtr(cell);
+  if (Cell* cell = table_.Find(text, hash)) return CellPtr(cell);
   return Add(SharedText(text), hash, false);
 }
 
 CellPtr Cells::GetPart(const Cell& of, std::uint32_t begin, std::uint32_t length) {
   const SharedText part = of.GetSharedText().GetPart(begin, length);
   const std::uint32_t hash = Hash(part.GetView());
-  if (Cell* cell = Find(part.GetView(), hash)) return CellPtr(cell);
+  if (Cell* cell = table_.Find(part.GetView(), hash)) return CellPtr(cell);
   return Add(part, hash, true);
 }
 
 CellPtr Cells::Add(const SharedText& text, std::uint32_t hash, bool is_leaf) {
-  if (size_ == table_.size()) Grow();
+  table_.MakeRoom();
   CellPtr cell(new Cell(*this, text, hash, is_leaf));
-  cell->next_ = std::exchange(Place(hash), cell.Get());
-  ++size_;
+  table_.Add(*cell, hash);
   return cell;
-}
-
-void Cells::Remove(Cell& cell) {
-  Cell** at = &Place(cell.hash_);
-  while (*at != &cell) at = &(*at)->next_;
-  *at = cell.next_;
-  --size_;
-}
-
-void Cells::Grow() {
-  std::vector<Cell*> table(2 * table_.size());
-  table.swap(table_);
-  for (Cell* cell : table) {
-    while (cell) {
-      Cell* next = cell->next_;
-      cell->next_ = std::exchange(Place(cell->hash_), cell);
-      cell = next;
-    }
-  }
 }
 
 }  // namespace Quarn

@@ -17,7 +17,7 @@
 #include "interpreter/operand.h"
 #include "interpreter/program.h"
 #include "interpreter/shared_text.h"
-#include "utils/text_hash.h"
+#include "utils/text_table.h"
 
 namespace Quarn {
 
@@ -153,7 +153,7 @@ class Cell {
   SharedText text_;
   std::uint32_t hash_;
   unsigned int owners_ = 0;
-  Cell* next_ = nullptr;  // with the same place in the table
+  Cell* next_ = nullptr;  // of those that wait to be destroyed
 };
 
 inline CellPtr::CellPtr(Cell* cell) : cell_(cell) {
@@ -167,7 +167,7 @@ inline void CellPtr::Release() {
 // The cells of a State, found by their text.
 class Cells {
  public:
-  Cells(Machine& machine, SymbolTable& names) : machine_(&machine), names_(&names) {}
+  Cells(Machine& machine, SymbolTable& symbols) : machine_(&machine), symbols_(&symbols) {}
   // Values that outlive their State keep their cells, which cannot be evaluated any more.
   ~Cells();
   Cells(const Cells&) = delete;
@@ -178,23 +178,17 @@ class Cells {
   CellPtr GetPart(const Cell& of, std::uint32_t begin, std::uint32_t length);
 
   Machine& GetMachine() const { return *machine_; }
-  SymbolTable& GetNames() const { return *names_; }
+  SymbolTable& GetSymbols() const { return *symbols_; }
 
  private:
   friend class Cell;
 
   std::uint32_t Hash(std::string_view text) const;
-  Cell*& Place(std::uint32_t hash) { return table_[hash & (table_.size() - 1)]; }
-  Cell* Find(std::string_view text, std::uint32_t hash);
   CellPtr Add(const SharedText& text, std::uint32_t hash, bool is_leaf);
-  void Remove(Cell& cell);
-  void Grow();
 
   Machine* machine_;
-  SymbolTable* names_;
-  TextHash hash_;
-  std::vector<Cell*> table_ = std::vector<Cell*>(16);  // a power of two
-  std::size_t size_ = 0;
+  SymbolTable* symbols_;
+  TextTable<Cell> table_;
 };
 
 }  // namespace Quarn

@@ -25,12 +25,10 @@ void DeleteName(Name* name) {
 
 }  // namespace
 
-SymbolTable::SymbolTable() : slots_(16), last_result_(NewName(kLastResult, 0)) {}
+SymbolTable::SymbolTable() : last_result_(NewName(kLastResult, 0)) {}
 
 SymbolTable::~SymbolTable() {
-  for (const Slot& slot : slots_) {
-    if (slot.name) DeleteName(slot.name);
-  }
+  names_.ForEach([](Name& name) { DeleteName(&name); });
   DeleteName(last_result_);
 }
 
@@ -90,12 +88,12 @@ void SymbolTable::Erase(std::string_view text) {
 // Removing a name moves others about, so those that go are found first.
 void SymbolTable::Clear() {
   std::vector<Name*> names;
-  for (const Slot& slot : slots_) {
-    if (slot.name && slot.name->HasValue()) names.push_back(slot.name);
-  }
+  names_.ForEach([&](Name& name) {
+    if (name.HasValue()) names.push_back(&name);
+  });
   names.push_back(last_result_);
   for (Name* name : names) Erase(name->text.GetView());
-  if (names_ == 0) slots_ = std::vector<Slot>(16);
+  names_.ShrinkIfEmpty();
 }
 
 Name* SymbolTable::Bind(std::string_view text) {
@@ -115,53 +113,27 @@ void SymbolTable::Release(Name& name) {
 
 Name& SymbolTable::FindOrAdd(std::string_view text) {
   if (text == kLastResult) return *last_result_;
-  const std::uint32_t hash = Hash(text);
-  const std::size_t slot = FindSlot(text, hash);
-  if (slots_[slot].name) return *slots_[slot].name;
-  if ((names_ + 1) * 4 > slots_.size() * 3) Grow();
+  const std::uint32_t hash = names_.Hash(text);
+  if (Name* known = names_.Find(text, hash)) return *known;
+  names_.MakeRoom();
   Name* name = NewName(text, hash);
-  slots_[FindSlot(text, hash)] = {name, hash};
-  ++names_;
+  names_.Add(*name, hash);
   return *name;
-}
-
-void SymbolTable::Grow() {
-  std::vector<Slot> slots(2 * slots_.size());
-  slots_.swap(slots);
-  for (const Slot& slot : slots) {
-    if (!slot.name) continue;
-    std::size_t at = slot.hash & (slots_.size() - 1);
-    while (slots_[at].name) at = Next(at);
-    slots_[at] = slot;
-  }
 }
 
 void SymbolTable::RemoveIfUnused(Name& name) {
   if (name.HasValue() || name.uses > 0 || &name == last_result_) return;
   // Who read it by way of a program that is gone reads it anew.
   name.readers.Invalidate();
-  Vacate(FindSlot(name.text.GetView(), name.hash));
-  --names_;
+  names_.Remove(name, name.hash);
   DeleteName(&name);
-}
-
-// What follows moves up where it would not be found any more.
-void SymbolTable::Vacate(std::size_t slot) {
-  for (std::size_t at = Next(slot); slots_[at].name; at = Next(at)) {
-    const std::size_t mask = slots_.size() - 1;
-    const std::size_t distance = (at - slots_[at].hash) & mask;
-    if (distance < ((at - slot) & mask)) continue;
-    slots_[slot] = slots_[at];
-    slot = at;
-  }
-  slots_[slot] = {};
 }
 
 s_ctnr<s_str> SymbolTable::GetNames() const {
   std::vector<std::string_view> names;
-  for (const Slot& slot : slots_) {
-    if (slot.name && slot.name->HasValue()) names.push_back(slot.name->text.GetView());
-  }
+  names_.ForEach([&](const Name& name) {
+    if (name.HasValue()) names.push_back(name.GetText());
+  });
   if (last_result_->HasValue()) names.push_back(kLastResult);
   std::sort(names.begin(), names.end());
   s_ctnr<s_str> sorted;

@@ -6,11 +6,10 @@
 
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
 #include "interpreter/cell.h"
 #include "utils/s_ctnr.h"
-#include "utils/text_hash.h"
+#include "utils/text_table.h"
 
 namespace Quarn {
 
@@ -23,6 +22,7 @@ struct Name {
     kObject
   };
 
+  std::string_view GetText() const { return text.GetView(); }
   bool HasValue() const { return content != Content::kNothing; }
   bool IsNumber() const {
     return content == Content::kNumber || content == Content::kUnnamedNumber;
@@ -50,7 +50,7 @@ class SymbolTable {
   // A name that has a value; null when it has none.
   Name* Find(std::string_view name) {
     if (name == kLastResult) return last_result_->HasValue() ? last_result_ : nullptr;
-    Name* found = slots_[FindSlot(name, Hash(name))].name;
+    Name* found = names_.Find(name, names_.Hash(name));
     return found && found->HasValue() ? found : nullptr;
   }
   bool Contains(std::string_view name) { return Find(name) != nullptr; }
@@ -92,34 +92,13 @@ class SymbolTable {
   s_ctnr<s_str> GetNames() const;
 
  private:
-  // An entry is in the first free slot at or after that of its hash.
-  struct Slot {
-    Name* name = nullptr;
-    std::uint32_t hash = 0;
-  };
-
-  std::uint32_t Hash(std::string_view name) const {
-    return static_cast<std::uint32_t>(hash_(name));
-  }
-  std::size_t Next(std::size_t slot) const { return (slot + 1) & (slots_.size() - 1); }
-  // The slot of the name, or the free one where it would be.
-  std::size_t FindSlot(std::string_view name, std::uint32_t hash) const {
-    std::size_t at = hash & (slots_.size() - 1);
-    while (slots_[at].name && !(slots_[at].hash == hash && slots_[at].name->text.GetView() == name))
-      at = Next(at);
-    return at;
-  }
   Name& FindOrAdd(std::string_view name);
-  void Grow();
   void SetNumber(Name& name, double number, bool is_named);
   void SetContent(Name& name, Name::Content content);
   void RemoveIfUnused(Name& name);
-  void Vacate(std::size_t slot);
 
-  TextHash hash_;
-  std::vector<Slot> slots_;  // a power of two, a quarter of them free at least
-  std::size_t names_ = 0;    // in the slots
-  unsigned int size_ = 0;
+  TextTable<Name> names_;  // but for the last result
+  unsigned int size_ = 0;  // how many have a value
   Name* last_result_;
   s_str name_of_last_result_;
 };
