@@ -6,6 +6,9 @@
 
 #include <mutex>
 #include <new>
+#include <utility>
+
+#include "utils/large_pages.h"
 
 namespace Quarn {
 namespace {
@@ -81,9 +84,32 @@ struct AtThreadExit {
 
 constexpr std::size_t Index(std::size_t size) { return (size - 1) / kStep; }
 
+// Where slabs come from once there are many. Most of it lies in large pages.
+struct Chunk {
+  static constexpr std::size_t kBytes = 4 * kLargePage;
+  static constexpr std::size_t kSlabsBefore = 256;
+
+  char* rest = nullptr;
+  std::size_t bytes_left = 0;
+  std::size_t slabs = 0;
+};
+constinit Chunk chunk{};  // guarded like left_behind
+
+char* NewSlab() {
+  const std::lock_guard lock(GetMutex());
+  if (++chunk.slabs <= Chunk::kSlabsBefore) return static_cast<char*>(::operator new(kSlabBytes));
+  if (chunk.bytes_left == 0) {
+    chunk.rest = static_cast<char*>(::operator new(Chunk::kBytes));
+    chunk.bytes_left = Chunk::kBytes;
+    UseLargePages(chunk.rest, Chunk::kBytes);
+  }
+  chunk.bytes_left -= kSlabBytes;
+  return std::exchange(chunk.rest, chunk.rest + kSlabBytes);
+}
+
 void CutSlab(std::size_t index) {
   const std::size_t bytes = (index + 1) * kStep;
-  char* slab = static_cast<char*>(::operator new(kSlabBytes));
+  char* slab = NewSlab();
   for (std::size_t at = kSlabBytes / bytes; at-- > 0;) {
     lists.free[index] = new (slab + at * bytes) Block{lists.free[index]};
   }

@@ -11,6 +11,8 @@
 #include <new>
 #include <utility>
 
+#include "utils/large_pages.h"
+
 namespace Quarn {
 
 template <class T>
@@ -62,6 +64,7 @@ class Stack {
     const std::size_t size = GetSize();
     const std::size_t capacity = std::max<std::size_t>(2 * size, 16);
     T* begin = std::allocator<T>().allocate(capacity);
+    UseLargePages(begin, capacity * sizeof(T));
     std::uninitialized_move(begin_, end_, begin);
     GiveBack();
     begin_ = begin;

@@ -1,5 +1,5 @@
-// TextTable finds entries by their texts. It owns none of them: it is an array of pointers, with the
-// hash beside each, so that looking for a text seldom touches an entry of another one.
+// TextTable finds entries by their texts. It owns none of them: it is an array of pointers, with
+// the hash beside each, so that looking for a text seldom touches an entry of another one.
 //   TextTable<Name> names;  // Name has GetText()
 //   const std::uint32_t hash = names.Hash("x");
 //   names.MakeRoom();

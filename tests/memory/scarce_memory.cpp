@@ -12,6 +12,7 @@ struct alignas(std::max_align_t) Header {
 };
 
 constexpr std::size_t kSlabBytes = 4096;
+constexpr std::size_t kChunkBytes = 8U << 20;  // of slabs
 
 thread_local bool is_counting = false;
 thread_local std::size_t calls = 0;
@@ -21,7 +22,7 @@ thread_local long bytes = 0;
 
 // One block more, or one less.
 void Count(std::size_t size, long blocks) {
-  if (size == kSlabBytes) return;
+  if (size == kSlabBytes || size == kChunkBytes) return;
   alive += blocks;
   bytes += blocks * static_cast<long>(size);
 }

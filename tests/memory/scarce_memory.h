@@ -3,7 +3,7 @@
 //   ScarceMemory::FailAt(3);                   // the third from now on throws std::bad_alloc
 //   ...
 //   const bool failed = ScarceMemory::Stop();  // was there a third?
-// Blocks that are alive are counted too, but for those of the size of the pool's slabs, which stay.
+// Blocks that are alive are counted too, but for the pool's slabs, which stay.
 #pragma once
 
 #include <cstddef>

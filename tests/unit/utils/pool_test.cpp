@@ -36,9 +36,10 @@ TEST(Pool, BlocksHoldTheirSizeAndAreAligned) {
   }
 }
 
+// As many as are cut from several large pages.
 TEST(Pool, BlocksInUseDoNotOverlap) {
   std::vector<unsigned char*> blocks;
-  for (std::size_t i = 0; i < 10 * kLargest; ++i) {
+  for (std::size_t i = 0; i < 100 * kLargest; ++i) {
     const std::size_t size = i % kLargest + 1;
     blocks.push_back(static_cast<unsigned char*>(Pool::Allocate(size)));
     std::memset(blocks.back(), static_cast<int>(i % 251), size);

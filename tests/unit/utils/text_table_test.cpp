@@ -46,7 +46,8 @@ TEST(TextTable, HashesTextsOfAllLengths) {
   EXPECT_EQ(hashes.size(), 5U);
 }
 
-// 300 entries have 7 hashes, which lie at the end of the table, so that they go on at its beginning.
+// 300 entries have 7 hashes, which lie at the end of the table, so that they go on at its
+// beginning.
 TEST(TextTable, KeepsWhatIsLeftWhenOthersGo) {
   TextTable<Entry> table;
   std::vector<Entry> entries;
