@@ -77,7 +77,7 @@ std::string GetTypeName(const s_refptr<Symbol>& value) {
 Result EvaluateReference(const s_refptr<Symbol>& value) {
   if (!value || value->GetKind() != Symbol::Kind::kReference) return {value, {}};
   const CellPtr cell = GetCell(*value);
-  if (!cell) return {{}, messages::EmptySymbol().Take()};
+  if (!cell) return {{}, messages::EmptySymbol().Take(), {}, Failure::kForm};
   if (!cell->GetCells()) return {};
   return cell->GetCells()->GetMachine().Evaluate(*cell);
 }

@@ -115,6 +115,34 @@ TEST_F(ExpressionTest, FollowsItsNames) {
   EXPECT_EQ(expression.EvaluateNumber(), 2);
 }
 
+TEST_F(ExpressionTest, SaysWhyThereIsNoNumber) {
+  session_.Type("x=2;v=<1, 2>;r&=x+1;s&=zz+1;n:Reference");
+  const struct {
+    const char* text;
+    const char* otherwise;
+    Failure failure;
+  } kRows[] = {
+      {"x+zz", "\tError : Unknown symbol 'zz'",                                                  Failure::kUnknownName},
+      {"v+1",  "\tError : No match for operator 'Vector + Scalar' in :\n\t        \t<1, 2> + 1",
+       Failure::kNoMatch                                                                                              },
+      {"s",    "\tError : Unknown symbol 'zz'",                                                  Failure::kUnknownName},
+      {"2*s",  "\tError : Unknown symbol 'zz'",                                                  Failure::kUnknownName},
+      {"n",    "\tError : Empty symbol",                                                         Failure::kForm       },
+      {"x*v",  "Vector : <2, 4>",                                                                Failure::kNone       },
+      {"&v",   "Vector : <1, 2>",                                                                Failure::kNone       },
+  };
+  for (const auto& row : kRows) {
+    Result otherwise;
+    EXPECT_EQ(Prepare(row.text).EvaluateNumber(otherwise), std::nullopt) << row.text;
+    EXPECT_EQ(Show(otherwise), row.otherwise) << row.text;
+    EXPECT_EQ(otherwise.failure, row.failure) << row.text;
+  }
+  Result untouched;
+  EXPECT_EQ(Prepare("x+1").EvaluateNumber(untouched), 3);
+  EXPECT_EQ(Prepare("r").EvaluateNumber(untouched), 3);
+  EXPECT_EQ(Show(untouched), "");
+}
+
 TEST_F(ExpressionTest, SurvivesThatAllSymbolsGo) {
   Session session("y\n");
   session.Type("x=3");
