@@ -34,7 +34,9 @@ class Commands::Line {
       : commands_(commands), outer_(std::exchange(commands.current_, this)), begin_(begin) {}
   ~Line() {
     commands_.current_ = outer_;
-    commands_.failure_ = std::move(failure_);
+    commands_.failure_.error.swap(failure_.error);
+    commands_.failure_.place = failure_.place;
+    commands_.failure_.failure = failure_.failure;
   }
   Line(const Line&) = delete;
   Line& operator=(const Line&) = delete;
@@ -117,7 +119,7 @@ void Commands::Assign(std::string_view name, std::string_view expression) {
   Evaluated result;
   const bool has_value = Evaluate(expression, s_str(name), false, result, error);
   // A warning refuses the value too.
-  if (!error.IsEmpty()) return Fail(Failure::kValue, error);
+  if (!error.IsEmpty()) return Fail(Failure::kValue, std::move(error));
   if (!has_value) return;
   if (result.value.IsNumber()) return DefineNumber(name, result);
   const s_refptr<Symbol>& value = result.value.GetValue();
@@ -220,22 +222,25 @@ void Commands::DefineNumber(std::string_view name, const Evaluated& result) {
   core_.symbols.SetLastResult(result.value, name);
 }
 
-bool Commands::PassesNameCheck(std::string_view name, Place place) {
+bool Commands::PassesNameCheck(std::string_view name, const Place& place) {
   s_str error;
   if (State::CheckName(name, error)) return true;
-  Fail(Failure::kForm, error, place);
+  Fail(Failure::kForm, std::move(error), place);
   return false;
 }
 
-void Commands::Fail(Failure kind, const s_str& message, Place place) {
+void Commands::Fail(Failure kind, s_str message, const Place& place) {
   KeepFailure(kind, message, place);
-  PrintMessage(message);
+  PrintMessage(std::move(message));
 }
 
 // For the host. A later failure of the line may come of an earlier one.
-void Commands::KeepFailure(Failure kind, const s_str& message, Place place) {
+void Commands::KeepFailure(Failure kind, const s_str& message, const Place& place) {
   Result& failure = current_->GetFailure();
-  if (failure.failure == Failure::kNone) failure = {{}, message.Get(), place, kind};
+  if (failure.failure != Failure::kNone) return;
+  failure.error = message.Get();
+  failure.place = place;
+  failure.failure = kind;
 }
 
 // Where in the line a part of it is.

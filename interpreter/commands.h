@@ -44,9 +44,9 @@ class Commands {
 
   void DefineNumber(std::string_view name, const Evaluated& result);
   void Define(std::string_view name, const s_str& type, const s_refptr<Symbol>& value);
-  bool PassesNameCheck(std::string_view name, Place place);
-  void KeepFailure(Failure kind, const s_str& message, Place place);
-  void Fail(Failure kind, const s_str& message, Place place = {});
+  bool PassesNameCheck(std::string_view name, const Place& place);
+  void KeepFailure(Failure kind, const s_str& message, const Place& place);
+  void Fail(Failure kind, s_str message, const Place& place = {});
   Place FindPlace(std::string_view part) const;
   void Print(std::string_view text);
   void PrintMessage(s_str message);
