@@ -111,7 +111,7 @@ class Prepared(unittest.TestCase):
         self.session.refer("x", "y+1")
         self.assertEqual((self.session.prepare("x")(y=3), double()), (4, 8))
         self.session.run("s:Symbol")
-        self.assertEqual(self.session.prepare("s")(), "null")
+        self.assertEqual(self.session.prepare("s")(), "s")
 
     def test_know_their_names(self):
         self.assertEqual(self.session.prepare("a*x*x+min(b, 1)").names, ["a", "x", "b"])
