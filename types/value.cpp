@@ -82,6 +82,10 @@ Result EvaluateReference(const s_refptr<Symbol>& value) {
   return cell->GetCells()->GetMachine().Evaluate(*cell);
 }
 
+Result EvaluateReference(const Result& result) {
+  return result ? EvaluateReference(result.value) : result;
+}
+
 s_refptr<Symbol> FromNumber(double number) { return NewNumber(number); }
 
 s_refptr<Symbol> FromReference(State& state, std::string_view expression) {
