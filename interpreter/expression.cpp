@@ -65,10 +65,15 @@ void Expression::Body::Read() {
   mistake = {{}, extra.message.Get(), extra.place, extra.failure};
 }
 
-// Steps are counted by the machine alone.
+// As many steps as in the machine, which tells what happens when there are too few.
 bool Expression::Body::RunOnNumbers(double& number) const {
-  return version == core.registries.GetVersion() && !core.machine.GetBudget().HasSteps() &&
-         on_numbers.Run(number);
+  if (version != core.registries.GetVersion()) return false;
+  Budget& budget = core.machine.GetBudget();
+  if (!budget.HasSteps()) return on_numbers.Run(number);
+  const std::size_t steps = program.code.size();
+  if (!budget.Fits(steps) || !on_numbers.Run(number)) return false;
+  budget.Take(steps);
+  return true;
 }
 
 bool Expression::Body::Evaluate(Operand& value, Result& failure) {

@@ -143,6 +143,60 @@ TEST_F(ExpressionTest, SaysWhyThereIsNoNumber) {
   EXPECT_EQ(Show(untouched), "");
 }
 
+// An operator and the name behind it may be one step of a prepared expression.
+TEST_F(ExpressionTest, TakesStepsAndNoMoreThanCompute) {
+  session_.Type("x=2;v=<1, 2>");
+  State& state = session_.GetState();
+  const auto count_steps = [&state](const std::string& text, const auto& evaluate) {
+    Limits limits;
+    for (limits.steps = 0; limits.steps < 100; ++limits.steps) {
+      state.SetLimits(limits);
+      const Failure failure = evaluate();
+      if (failure == Failure::kNone) break;
+      EXPECT_EQ(failure, Failure::kSteps) << text;
+    }
+    state.SetLimits({});
+    return limits.steps;
+  };
+  for (const char* text :
+       {"1", "x", "x+1", "2*x-3/x", "x*x*x*x", "-(x)", "min(x, max(3, x))", "v+v"}) {
+    const auto computed = count_steps(text, [&] { return state.Compute(text).failure; });
+    Expression expression = Prepare(text);
+    const auto prepared = count_steps(text, [&] {
+      Result otherwise;
+      expression.EvaluateNumber(otherwise);
+      return otherwise.failure;
+    });
+    EXPECT_GT(prepared, 0U) << text;
+    EXPECT_LE(prepared, computed) << text;
+    EXPECT_LT(computed, 100U) << text;
+  }
+}
+
+// A function that evaluates on and on within an evaluation.
+TEST_F(ExpressionTest, TakesTheStepsOfWhatIsUnderWay) {
+  session_.Type("x=2");
+  State& state = session_.GetState();
+  int times = 0;
+  state.AddFunction("again", {""}, [&](State&, const Values&, Values&, s_str& error) -> s_bool {
+    Expression expression = Prepare("x*x+1");
+    Result otherwise;
+    for (times = 0; times < 100'000; ++times) {
+      if (expression.EvaluateNumber(otherwise)) continue;
+      error = otherwise.error;
+      return false;
+    }
+    return false;
+  });
+  Limits limits;
+  limits.steps = 3000;
+  state.SetLimits(limits);
+  EXPECT_EQ(state.Compute("again()").failure, Failure::kSteps);
+  EXPECT_GT(times, 100);
+  EXPECT_LT(times, 3000);
+  EXPECT_EQ(Prepare("x*x+1").EvaluateNumber(), 5);
+}
+
 TEST_F(ExpressionTest, SurvivesThatAllSymbolsGo) {
   Session session("y\n");
   session.Type("x=3");
