@@ -4,6 +4,7 @@
 #include <mirlow/mirlow.h>
 
 #include <istream>
+#include <memory>
 #include <new>
 #include <ostream>
 #include <streambuf>
@@ -25,18 +26,30 @@ struct mirlow_call {
 
 namespace Quarn {
 
-// Hands on what is written to it, as it comes; reads as an input that has ended.
-class WriteBuffer final : public std::streambuf {
+// Hands on what is written to it, as it comes, and asks for what is read from it.
+class HostBuffer final : public std::streambuf {
  public:
   void SetTarget(mirlow_write write, void* user) {
     write_ = write;
-    user_ = user;
+    writer_ = user;
+  }
+  // What is left of what the one before has said is forgotten.
+  void SetSource(mirlow_read read, void* user) {
+    read_ = read;
+    reader_ = user;
+    setg(nullptr, nullptr, nullptr);
   }
 
  protected:
   std::streamsize xsputn(const char* text, std::streamsize length) override {
-    if (write_) write_(user_, text, static_cast<std::size_t>(length));
+    if (write_) write_(writer_, text, static_cast<std::size_t>(length));
     return length;
+  }
+  int_type underflow() override {
+    const std::size_t length = read_ ? read_(reader_, room_, sizeof room_) : 0;
+    if (length == 0 || length > sizeof room_) return traits_type::eof();
+    setg(room_, room_, room_ + length);
+    return traits_type::to_int_type(*room_);
   }
   int_type overflow(int_type character) override {
     const char c = traits_type::to_char_type(character);
@@ -46,7 +59,33 @@ class WriteBuffer final : public std::streambuf {
 
  private:
   mirlow_write write_ = nullptr;
-  void* user_ = nullptr;
+  void* writer_ = nullptr;
+  mirlow_read read_ = nullptr;
+  void* reader_ = nullptr;
+  char room_[256];
+};
+
+// What is bound to the symbols of a state. When the state ends first, it is cut off, and does
+// nothing from then on.
+class Bound {
+ public:
+  explicit Bound(mirlow_state& state);
+  virtual ~Bound();
+  Bound(const Bound&) = delete;
+  Bound& operator=(const Bound&) = delete;
+
+  // Null when it is cut off.
+  mirlow_state* GetState() const { return state_; }
+  void CutOff();
+
+ protected:
+  // Lets go of the state.
+  virtual void Drop() = 0;
+
+ private:
+  mirlow_state* state_;
+  Bound* previous_ = nullptr;
+  Bound* next_;
 };
 
 // Runs the body; what it throws becomes a status.
@@ -69,16 +108,21 @@ mirlow_status HandOut(s_refptr<Symbol> value, mirlow_value** out);
 // A state with the streams that it was made with. The streams come first, since they must outlive
 // it.
 struct mirlow_state {
+  using Names = Quarn::s_ctnr<Quarn::s_str>;
+
   mirlow_state();
+  ~mirlow_state();
 
   // Keeps what failed; MIRLOW_FAILED.
   mirlow_status Fail(Quarn::Result result);
 
-  Quarn::WriteBuffer buffer;
+  Quarn::HostBuffer buffer;
   std::ostream out{&buffer};
   std::istream in{&buffer};
   Quarn::State state{out, in};
   std::string error_text;
-  std::string name;
+  std::unique_ptr<const Names> names;  // of symbols, for who walks through them
   mirlow_error error = {MIRLOW_NO_FAILURE, "", 0, 0};
+  mirlow_error error_of_line = {MIRLOW_NO_FAILURE, "", 0, 0};
+  Quarn::Bound* bound = nullptr;  // the first of all
 };

@@ -1,4 +1,6 @@
 // States and their symbols in C.
+#include <iterator>
+
 #include "c/handles.h"
 #include "interpreter/version.h"
 #include "types/value.h"
@@ -23,12 +25,35 @@ static_assert(static_cast<int>(Failure::kSteps) == MIRLOW_STEPS);
 static_assert(static_cast<int>(Failure::kOutput) == MIRLOW_OUTPUT);
 static_assert(static_cast<int>(Failure::kInterrupted) == MIRLOW_INTERRUPTED);
 
+namespace {
+
+constexpr mirlow_error kNoError = {MIRLOW_NO_FAILURE, "", 0, 0};
+
+// With a text that outlives what is returned.
+mirlow_error Describe(const Result& result, const std::string& text) {
+  return {static_cast<mirlow_failure>(result.failure), text.c_str(), result.place.position,
+          result.place.length};
+}
+
+// The key of a registry, by its index. It stays where it is.
+template <class Registry>
+mirlow_status GetKey(const Registry& registry, size_t index, const char** name) {
+  if (index >= registry.size()) return MIRLOW_NOT_FOUND;
+  *name = std::next(registry.begin(), static_cast<std::ptrdiff_t>(index))->first.Get().c_str();
+  return MIRLOW_OK;
+}
+
+}  // namespace
+
 mirlow_state::mirlow_state() { Quarn::Vector::Register(state); }
+
+mirlow_state::~mirlow_state() {
+  while (bound) bound->CutOff();
+}
 
 mirlow_status mirlow_state::Fail(Result result) {
   error_text = std::move(result.error);
-  error = {static_cast<mirlow_failure>(result.failure), error_text.c_str(), result.place.position,
-           result.place.length};
+  error = Describe(result, error_text);
   return MIRLOW_FAILED;
 }
 
@@ -46,8 +71,7 @@ mirlow_state* mirlow_new(void) {
 void mirlow_free(mirlow_state* state) { delete state; }
 
 const mirlow_error* mirlow_last_error(const mirlow_state* state) {
-  static constexpr mirlow_error kNone = {MIRLOW_NO_FAILURE, "", 0, 0};
-  return state ? &state->error : &kNone;
+  return state ? &state->error : &kNoError;
 }
 
 mirlow_status mirlow_evaluate(mirlow_state* state, const char* expression, mirlow_value** value) {
@@ -81,6 +105,12 @@ mirlow_status mirlow_set_output(mirlow_state* state, mirlow_write write, void* u
   return MIRLOW_OK;
 }
 
+mirlow_status mirlow_set_input(mirlow_state* state, mirlow_read read, void* user) {
+  if (!state) return MIRLOW_BAD_ARGUMENT;
+  state->buffer.SetSource(read, user);
+  return MIRLOW_OK;
+}
+
 mirlow_status mirlow_process_line(mirlow_state* state, const char* line) {
   if (!state || !line) return MIRLOW_BAD_ARGUMENT;
   return Guarded([&] {
@@ -89,6 +119,13 @@ mirlow_status mirlow_process_line(mirlow_state* state, const char* line) {
     state->state.ProcessLine(line);
     return MIRLOW_OK;
   });
+}
+
+const mirlow_error* mirlow_line_error(mirlow_state* state) {
+  if (!state) return &kNoError;
+  const Result& failure = state->state.GetFailure();
+  state->error_of_line = Describe(failure, failure.error);
+  return &state->error_of_line;
 }
 
 // ---- Symbols ----
@@ -130,13 +167,25 @@ mirlow_status mirlow_erase(mirlow_state* state, const char* name) {
   return Guarded([&] { return state->state.EraseSymbol(name) ? MIRLOW_OK : MIRLOW_NOT_FOUND; });
 }
 
+// A list of its own: each index would cost as much as all of them.
 mirlow_status mirlow_get_name(mirlow_state* state, size_t index, const char** name) {
   if (!state || !name) return MIRLOW_BAD_ARGUMENT;
   return Guarded([&] {
-    const Quarn::s_ctnr<Quarn::s_str> names = state->state.GetSymbolNames();
-    if (index >= names.GetSize().Get()) return MIRLOW_NOT_FOUND;
-    state->name = names[static_cast<unsigned int>(index)].Get();
-    *name = state->name.c_str();
+    if (index == 0 || !state->names) {
+      state->names = std::make_unique<mirlow_state::Names>(state->state.GetSymbolNames());
+    }
+    if (index >= state->names->GetSize().Get()) return MIRLOW_NOT_FOUND;
+    *name = (*state->names)[static_cast<unsigned int>(index)].Get().c_str();
     return MIRLOW_OK;
   });
+}
+
+mirlow_status mirlow_get_type_name(mirlow_state* state, size_t index, const char** name) {
+  if (!state || !name) return MIRLOW_BAD_ARGUMENT;
+  return GetKey(state->state.GetTypes(), index, name);
+}
+
+mirlow_status mirlow_get_function_name(mirlow_state* state, size_t index, const char** name) {
+  if (!state || !name) return MIRLOW_BAD_ARGUMENT;
+  return GetKey(state->state.GetFunctions(), index, name);
 }

@@ -49,6 +49,14 @@ class Budget {
     steps_left_ -= steps;
     return true;
   }
+  // The same for work that is done at once, on its own or within an evaluation: is there enough for
+  // it, and then, it was done.
+  bool Fits(std::uint64_t steps) const {
+    return scopes_ == 0 ? steps <= limits_.steps : steps <= steps_left_ && !IsInterrupted();
+  }
+  void Take(std::uint64_t steps) {
+    if (scopes_ > 0) steps_left_ -= steps;
+  }
   // Why there was nothing to spend.
   Failure GetReason() {
     was_heard_ = IsInterrupted();

@@ -34,9 +34,32 @@ bool EndsWithFirst(std::string_view text, char c) {
 
 }  // namespace
 
+class Commands::Line {
+ public:
+  Line(Commands& commands, const char* begin)
+      : commands_(commands), outer_(std::exchange(commands.current_, this)), begin_(begin) {}
+  ~Line() {
+    commands_.current_ = outer_;
+    commands_.failure_.error.swap(failure_.error);
+    commands_.failure_.place = failure_.place;
+    commands_.failure_.failure = failure_.failure;
+  }
+  Line(const Line&) = delete;
+  Line& operator=(const Line&) = delete;
+
+  const char* GetBegin() const { return begin_; }
+  Result& GetFailure() { return failure_; }
+
+ private:
+  Commands& commands_;
+  Line* outer_;
+  const char* begin_;
+  Result failure_;
+};
+
 void Commands::ProcessLine(std::string_view line) {
-  const char* const begin = line.data();
-  failure_ = {};
+  Line current(*this, line.data());
+  last_place_ = {};
   Budget& budget = core_.machine.GetBudget();
   const Budget::Scope scope(budget);
   while (!line.empty() && !budget.IsInterrupted()) {
@@ -44,12 +67,11 @@ void Commands::ProcessLine(std::string_view line) {
     line.remove_prefix(std::min(command.size() + 1, line.size()));
     if (command.empty() || command.starts_with("//")) continue;
     budget.Refill();
-    begin_ = begin;  // again each time: a command may call for another line
     ProcessCommand(command);
   }
   // It came between two commands.
   if (!line.empty() && !budget.WasHeard()) {
-    PrintMessage(messages::LimitReached(Failure::kInterrupted));
+    Fail(Failure::kInterrupted, messages::LimitReached(Failure::kInterrupted));
   }
 }
 
@@ -78,30 +100,32 @@ void Commands::ProcessEquals(std::string_view before, std::string_view expressio
   Assign(before, expression);
 }
 
-// As the machine does; remembers where in the line a failure is.
+// As the machine does; remembers a failure, and where in the line it is.
 bool Commands::Evaluate(std::string_view expression, const s_str& name, bool allows_new,
                         Evaluated& result, s_str& error) {
-  const auto before = static_cast<std::size_t>(expression.data() - begin_);
   Diagnosis diagnosis;
   if (core_.machine.Evaluate(expression, name, allows_new, result, error, diagnosis)) return true;
-  const Place place = diagnosis.place;
-  failure_ = place == Place() ? place : Place{before + place.position, place.length};
+  last_place_ = diagnosis.place;
+  if (last_place_ != Place()) last_place_.position += FindPlace(expression).position;
+  KeepFailure(diagnosis.failure, error, last_place_);
   return false;
 }
 
 void Commands::DefineReference(std::string_view name, std::string_view expression) {
-  if (!PassesNameCheck(name = TrimSpaces(name))) return;
+  name = TrimSpaces(name);
+  if (!PassesNameCheck(name, FindPlace(name))) return;
   const s_refptr<Symbol> reference = core_.machine.NewReference(s_str(name), expression);
   Define(name, reference->GetDeclaredType(), reference);
 }
 
 void Commands::Assign(std::string_view name, std::string_view expression) {
-  if (!PassesNameCheck(name = TrimSpaces(name))) return;
+  name = TrimSpaces(name);
+  if (!PassesNameCheck(name, FindPlace(name))) return;
   s_str error;
   Evaluated result;
   const bool has_value = Evaluate(expression, s_str(name), false, result, error);
   // A warning refuses the value too.
-  if (!error.IsEmpty()) return PrintMessage(error);
+  if (!error.IsEmpty()) return Fail(Failure::kValue, std::move(error));
   if (!has_value) return;
   if (result.value.IsNumber()) return DefineNumber(name, result);
   const s_refptr<Symbol>& value = result.value.GetValue();
@@ -109,9 +133,12 @@ void Commands::Assign(std::string_view name, std::string_view expression) {
 }
 
 void Commands::Declare(std::string_view name, std::string_view type) {
-  if (!PassesNameCheck(name = TrimSpaces(name))) return;
+  name = TrimSpaces(name);
+  if (!PassesNameCheck(name, FindPlace(name))) return;
   const auto row = core_.registries.GetTypes().find(type = TrimSpaces(type));
-  if (row == core_.registries.GetTypes().end()) return PrintMessage(messages::UnknownType(type));
+  if (row == core_.registries.GetTypes().end()) {
+    return Fail(Failure::kUnknownName, messages::UnknownType(type), FindPlace(type));
+  }
   Define(name, s_str(type), row->second.create(s_str(name)));
 }
 
@@ -143,7 +170,9 @@ void Commands::Delete(std::string_view name) {
 
 void Commands::Query(std::string_view name) {
   Name* symbol = core_.symbols.Find(name);
-  if (!symbol) return PrintMessage(messages::UnknownSymbol(name));
+  if (!symbol) {
+    return Fail(Failure::kUnknownName, messages::UnknownSymbol(name), FindPlace(name));
+  }
   if (symbol->IsNumber()) {
     PrintNumber(kNumberShown, core_.symbols.GetNameOfNumber(*symbol), symbol->number);
   } else {
@@ -169,7 +198,7 @@ void Commands::PrintExpression(std::string_view expression) {
     return core_.symbols.SetLastResult(result.value);
   }
   // A result with a name of its own, such as a new abstract symbol, is a definition.
-  if (!PassesNameCheck(name.GetView())) return;
+  if (!PassesNameCheck(name.GetView(), {})) return;
   Define(name.GetView(), value->GetType(), value);
 }
 
@@ -199,11 +228,30 @@ void Commands::DefineNumber(std::string_view name, const Evaluated& result) {
   core_.symbols.SetLastResult(result.value, name);
 }
 
-bool Commands::PassesNameCheck(std::string_view name) {
+bool Commands::PassesNameCheck(std::string_view name, const Place& place) {
   s_str error;
   if (State::CheckName(name, error)) return true;
-  PrintMessage(error);
+  Fail(Failure::kForm, std::move(error), place);
   return false;
+}
+
+void Commands::Fail(Failure kind, s_str message, const Place& place) {
+  KeepFailure(kind, message, place);
+  PrintMessage(std::move(message));
+}
+
+// For the host. A later failure of the line may come of an earlier one.
+void Commands::KeepFailure(Failure kind, const s_str& message, const Place& place) {
+  Result& failure = current_->GetFailure();
+  if (failure.failure != Failure::kNone) return;
+  failure.error = message.Get();
+  failure.place = place;
+  failure.failure = kind;
+}
+
+// Where in the line a part of it is.
+Place Commands::FindPlace(std::string_view part) const {
+  return {static_cast<std::size_t>(part.data() - current_->GetBegin()), part.size()};
 }
 
 // ---- Output ----
@@ -229,7 +277,8 @@ bool Commands::PrintValue(std::string_view before, std::string_view type, const 
   line.Append(before).Append(type).Append(" : ");
   TextWriter writer(line, &core_.machine);
   if (!WriteOut(writer, value)) {
-    PrintMessage(core_.machine.TakeAbort());
+    const Failure kind = core_.machine.GetAbort();
+    Fail(kind, core_.machine.TakeAbort());
     return false;
   }
   line += '\n';

@@ -18,14 +18,18 @@ class Commands {
   Commands(Core& core, std::ostream& out, std::istream& in) : core_(core), out_(out), in_(in) {}
 
   void ProcessLine(std::string_view line);
-  // In the last line.
-  Place GetFailurePlace() const { return failure_; }
+  // Of the last line: its first failure, and the place of the last one of an expression.
+  const Result& GetFailure() const { return failure_; }
+  Place GetFailurePlace() const { return last_place_; }
   void Flush();
   void PrintHelp();
   // Makes "_" a null reference.
   void ForgetLastResult();
 
  private:
+  // A line that is being carried out. A command may call for another line.
+  class Line;
+
   void ProcessCommand(std::string_view command);
   bool Evaluate(std::string_view expression, const s_str& name, bool allows_new, Evaluated& result,
                 s_str& error);
@@ -40,7 +44,10 @@ class Commands {
 
   void DefineNumber(std::string_view name, const Evaluated& result);
   void Define(std::string_view name, const s_str& type, const s_refptr<Symbol>& value);
-  bool PassesNameCheck(std::string_view name);
+  bool PassesNameCheck(std::string_view name, const Place& place);
+  void KeepFailure(Failure kind, const s_str& message, const Place& place);
+  void Fail(Failure kind, s_str message, const Place& place = {});
+  Place FindPlace(std::string_view part) const;
   void Print(std::string_view text);
   void PrintMessage(s_str message);
   void PrintNumber(std::string_view before, std::string_view name, double number);
@@ -49,9 +56,10 @@ class Commands {
   Core& core_;
   std::ostream& out_;
   std::istream& in_;
-  s_str line_;                   // of output, being composed
-  const char* begin_ = nullptr;  // of the line that is being carried out
-  Place failure_;
+  s_str line_;  // of output, being composed
+  Line* current_ = nullptr;
+  Result failure_;
+  Place last_place_;
 };
 
 }  // namespace Quarn

@@ -19,6 +19,13 @@ Operand Follow(const Symbol& reference) {
   return answer.outcome == Outcome::kValue ? answer.value : Operand::CopyOf(reference);
 }
 
+// Why it stands for nothing.
+Result Explain(Machine& machine, const Symbol& reference) {
+  const CellPtr cell = GetCell(reference);
+  if (cell) return machine.Evaluate(*cell);
+  return {{}, messages::EmptySymbol().Take(), {}, Failure::kForm};
+}
+
 // May a symbol bear the name, and an expression ask for it?
 bool IsNameOfSymbol(const Registries& registries, std::string_view name) {
   return IsAlphanumeric(name) && registries.IsWithinReach(name);
@@ -58,10 +65,15 @@ void Expression::Body::Read() {
   mistake = {{}, extra.message.Get(), extra.place, extra.failure};
 }
 
-// Steps are counted by the machine alone.
+// As many steps as in the machine, which tells what happens when there are too few.
 bool Expression::Body::RunOnNumbers(double& number) const {
-  return version == core.registries.GetVersion() && !core.machine.GetBudget().HasSteps() &&
-         on_numbers.Run(number);
+  if (version != core.registries.GetVersion()) return false;
+  Budget& budget = core.machine.GetBudget();
+  if (!budget.HasSteps()) return on_numbers.Run(number);
+  const std::size_t steps = program.code.size();
+  if (!budget.Fits(steps) || !on_numbers.Run(number)) return false;
+  budget.Take(steps);
+  return true;
 }
 
 bool Expression::Body::Evaluate(Operand& value, Result& failure) {
@@ -103,12 +115,20 @@ Result Expression::Evaluate() {
 std::optional<double> Expression::EvaluateNumber() {
   double number = 0;
   if (body_->RunOnNumbers(number)) return number;
+  Result otherwise;
+  return EvaluateNumber(otherwise);
+}
+
+std::optional<double> Expression::EvaluateNumber(Result& otherwise) {
+  double number = 0;
+  if (body_->RunOnNumbers(number)) return number;
   Operand value;
-  Result failure;
-  if (!body_->Evaluate(value, failure)) return {};
+  if (!body_->Evaluate(value, otherwise)) return {};
   if (value.IsReference()) value = Follow(*value.GetValue());
-  if (!value.IsNumber()) return {};
-  return value.GetNumber();
+  if (value.IsNumber()) return value.GetNumber();
+  otherwise = value.IsReference() ? Explain(body_->core.machine, *value.GetValue())
+                                  : Result{value.Take(), {}};
+  return {};
 }
 
 // ---- Variables ----

@@ -44,6 +44,8 @@ class MIRLOW_API Expression {
   // The same, where a number is wanted: nothing when there is no value, or another one. A reference
   // to a number is one.
   std::optional<double> EvaluateNumber();
+  // When there is no number, `otherwise` tells why: the failure, or the value of another type.
+  std::optional<double> EvaluateNumber(Result& otherwise);
 
  private:
   friend class State;

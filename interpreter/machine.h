@@ -76,7 +76,8 @@ class Machine {
   bool Spend(std::uint64_t steps);
   bool IsIdle() const { return depth_.IsIdle(); }
   bool FitsText(std::size_t size);
-  // The message about what has ended all, which is over then.
+  // What has ended all; the message about it, after which it is over.
+  Failure GetAbort() const { return abort_; }
   s_str TakeAbort();
 
   // For tests: evaluates each reference whenever it is asked for. Nobody can tell but by the time,

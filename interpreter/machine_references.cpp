@@ -33,8 +33,9 @@ bool Machine::PushCell(Cell& cell) {
   const CellPtr shared(&cell);
   if (!cell.is_read || cell.version != registries_.GetVersion()) Read(cell);
   cell.Unlink();
-  cell.state = Cell::State::kUnderWay;
+  // Under way only with a frame, for which there may be no memory.
   Frame& frame = PushFrame(cell.program, cell.GetSharedText().GetWhole(), Symbol::NoName());
+  cell.state = Cell::State::kUnderWay;
   frame.cell = shared;
   frame.reader = &cell;
   return Spend(cell.program.code.size());

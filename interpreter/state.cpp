@@ -33,6 +33,7 @@ State::~State() = default;
 // ---- Lines ----
 
 void State::ProcessLine(const s_str& line) { core_->commands.ProcessLine(line.GetView()); }
+const Result& State::GetFailure() const { return core_->commands.GetFailure(); }
 Place State::GetFailurePlace() const { return core_->commands.GetFailurePlace(); }
 
 void State::Flush() { core_->commands.Flush(); }

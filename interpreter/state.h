@@ -39,7 +39,11 @@ class MIRLOW_API State {
   // command that fails prints its error and changes nothing; the next one is taken all the same.
   // What is printed may stay in the stream's buffer.
   void ProcessLine(const s_str& line);
-  // Where in that line the last failure came to light; all of it is 0 when none has a place.
+  // The first failure of that line, with its place in the line and the text that was printed; its
+  // kind is kNone when no command failed. Valid until the next line.
+  const Result& GetFailure() const;
+  // Where in that line the last failure of an expression came to light; all of it is 0 when none
+  // has a place.
   Place GetFailurePlace() const;
   // Writes out what was printed so far: for work that may never come back.
   void Flush();

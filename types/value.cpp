@@ -77,9 +77,13 @@ std::string GetTypeName(const s_refptr<Symbol>& value) {
 Result EvaluateReference(const s_refptr<Symbol>& value) {
   if (!value || value->GetKind() != Symbol::Kind::kReference) return {value, {}};
   const CellPtr cell = GetCell(*value);
-  if (!cell) return {{}, messages::EmptySymbol().Take()};
+  if (!cell) return {{}, messages::EmptySymbol().Take(), {}, Failure::kForm};
   if (!cell->GetCells()) return {};
   return cell->GetCells()->GetMachine().Evaluate(*cell);
+}
+
+Result EvaluateReference(const Result& result) {
+  return result ? EvaluateReference(result.value) : result;
 }
 
 s_refptr<Symbol> FromNumber(double number) { return NewNumber(number); }

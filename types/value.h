@@ -44,6 +44,9 @@ MIRLOW_API s_refptr<Symbol> FromReference(State& state, std::string_view express
 // What a reference comes to, followed through further references; without a value, why its
 // expression failed. Any other value is its own result.
 MIRLOW_API Result EvaluateReference(const s_refptr<Symbol>& value);
+// The same for what came of a request, whose failure stays as it is: a value, or why there is none.
+//   const Result total = EvaluateReference(state.Compute("2*r"));
+MIRLOW_API Result EvaluateReference(const Result& result);
 
 // A new unnamed Vector that shares the elements, or has copies without a name; null when one is
 // null, and when a literal of these elements would be refused: they must be of one type, and not

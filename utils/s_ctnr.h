@@ -5,6 +5,7 @@
 //   for (const s_str& word : words) ...
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <deque>
 #include <initializer_list>
@@ -44,6 +45,14 @@ class s_ctnr_t {
   // An index past the end raises std::out_of_range.
   T& operator[](s_uint index) { return elements_.at(ToPlace(index)); }
   const T& operator[](s_uint index) const { return elements_.at(ToPlace(index)); }
+  template <std::integral Index>
+  T& operator[](Index index) {
+    return elements_.at(static_cast<std::size_t>(index));
+  }
+  template <std::integral Index>
+  const T& operator[](Index index) const {
+    return elements_.at(static_cast<std::size_t>(index));
+  }
 
   auto begin() { return elements_.begin(); }
   auto end() { return elements_.end(); }

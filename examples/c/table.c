@@ -11,28 +11,49 @@ static double Clamp(void* user, const double* arguments, size_t count) {
   return x < 0 ? 0 : x > limit ? limit : x;
 }
 
-static int PrintValue(mirlow_state* state, const char* formula, double x) {
+/* What went wrong, and the column where. */
+static int PrintError(const mirlow_error* error) {
+  fprintf(stderr, "%s, at %lu\n", error->text, (unsigned long)error->position + 1);
+  return 0;
+}
+
+static int PrintValue(mirlow_state* state, mirlow_expression* formula) {
   mirlow_value* value = NULL;
-  mirlow_set_number(state, "x", x);
-  if (mirlow_evaluate(state, formula, &value) != MIRLOW_OK) {
-    fprintf(stderr, "%s\n", mirlow_last_error(state)->text);
-    return 0;
-  }
+  if (mirlow_evaluate_prepared(formula, &value) != MIRLOW_OK)
+    return PrintError(mirlow_last_error(state));
   puts(mirlow_text(value));
   mirlow_release(value);
   return 1;
 }
 
-int main(int count, char** values) {
-  mirlow_state* state = mirlow_new();
-  int good = state && count == 4;
-  double x = 0;
-  if (!good) fputs("usage: table FORMULA FIRST LAST\n", stderr);
-  if (good) {
-    mirlow_add_number_function(state, "clamp", 2, Clamp, MIRLOW_PURE, NULL, NULL);
-    x = atof(values[2]);
+static int PrintTable(mirlow_state* state, const char* text, double first, double last) {
+  mirlow_expression* formula = NULL;
+  mirlow_variable* x = NULL;
+  int good = 1;
+  if (mirlow_prepare(state, text, &formula) != MIRLOW_OK)
+    return PrintError(mirlow_last_error(state));
+  if (mirlow_get_variable(state, "x", &x) != MIRLOW_OK) good = 0;
+  for (; good && first <= last; ++first) {
+    mirlow_set_variable(x, first);
+    good = PrintValue(state, formula);
   }
-  while (good && x <= atof(values[3])) good = PrintValue(state, values[1], x++);
+  mirlow_free_variable(x);
+  mirlow_free_expression(formula);
+  return good;
+}
+
+int main(int count, char** values) {
+  mirlow_state* state = NULL;
+  int good = 0;
+  if (count != 4) {
+    fputs("usage: table FORMULA FIRST LAST\n", stderr);
+    return 1;
+  }
+  state = mirlow_new();
+  if (state) {
+    mirlow_add_number_function(state, "clamp", 2, Clamp, MIRLOW_PURE, NULL, NULL);
+    good = PrintTable(state, values[1], atof(values[2]), atof(values[3]));
+  }
   mirlow_free(state);
   return good ? 0 : 1;
 }

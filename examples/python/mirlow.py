@@ -11,6 +11,12 @@
     Traceback (most recent call last):
     mirlow.Error: Unknown symbol 'y'
 
+    >>> square = session.prepare("x*x+1")
+    >>> square()
+    10.0
+    >>> square(x=4)
+    17.0
+
 Numbers are floats and vectors are lists, of lists too; any other value is its text. A reference is
 what it comes to. The library is looked for as the system does, or where the environment variable
 MIRLOW_LIBRARY says. A session is for one thread at a time.
@@ -69,6 +75,14 @@ def _load():
         ("interrupt", None, c_void_p),
         ("set_output", c_int, c_void_p, _Write, c_void_p),
         ("process_line", c_int, c_void_p, c_char_p),
+        ("prepare", c_int, c_void_p, c_char_p, out),
+        ("free_expression", None, c_void_p),
+        ("evaluate_prepared", c_int, c_void_p, out),
+        ("evaluate_number", c_int, c_void_p, POINTER(c_double)),
+        ("get_name_read", c_int, c_void_p, c_size_t, POINTER(c_char_p)),
+        ("get_variable", c_int, c_void_p, c_char_p, out),
+        ("free_variable", None, c_void_p),
+        ("set_variable", c_int, c_void_p, c_double),
         ("set", c_int, c_void_p, c_char_p, c_void_p),
         ("set_reference", c_int, c_void_p, c_char_p, c_char_p),
         ("get", c_int, c_void_p, c_char_p, out),
@@ -166,6 +180,65 @@ def _encode(text):
     return text.encode()
 
 
+class _Variable:
+    """The place of a symbol, for numbers."""
+
+    def __init__(self, session, name):
+        self._session = session  # lives as long
+        handle = c_void_p()
+        session._check(_library.mirlow_get_variable(session._state, _encode(name), byref(handle)))
+        self.handle = handle
+
+    def __del__(self):
+        _library.mirlow_free_variable(getattr(self, "handle", None))
+
+
+class Expression:
+    """A text that was read once and is evaluated whenever it is called, with the values that its
+    names have then. Keyword arguments give names values first, and those stay."""
+
+    def __init__(self, session, text):
+        self.text = text
+        self._session = session  # lives as long
+        self._variables = {}
+        self._number = c_double()
+        encoded = self._encoded = _encode(text)
+        handle = c_void_p()
+        session._check(_library.mirlow_prepare(session._state, encoded, byref(handle)), encoded)
+        self._handle = handle
+
+    def __del__(self):
+        _library.mirlow_free_expression(getattr(self, "_handle", None))
+
+    def __call__(self, **values):
+        """The value now. Raises Error."""
+        for name, value in values.items():
+            self._set(name, value)
+        status = _library.mirlow_evaluate_number(self._handle, byref(self._number))
+        if status != _WRONG_TYPE:
+            self._session._check(status, self._encoded)
+            return self._number.value
+        handle = c_void_p()
+        status = _library.mirlow_evaluate_prepared(self._handle, byref(handle))
+        return self._session._take(status, handle, self._encoded)
+
+    @property
+    def names(self):
+        """The names of the symbols that the text reads."""
+        name, names = c_char_p(), []
+        while _library.mirlow_get_name_read(self._handle, len(names), byref(name)) == _OK:
+            names.append(name.value.decode())
+        return names
+
+    def _set(self, name, value):
+        if not isinstance(value, (int, float)):
+            self._session[name] = value
+            return
+        if name not in self._variables:
+            self._variables[name] = _Variable(self._session, name)
+        _library.mirlow_set_variable(self._variables[name].handle, value)
+
+
 class Session:
     """A state: symbols by name, expressions by call, command lines by run."""
 
@@ -184,7 +257,17 @@ class Session:
         """The value of an expression. Raises Error."""
         text = _encode(expression)
         handle = c_void_p()
-        self._check(_library.mirlow_evaluate(self._state, text, byref(handle)), text)
+        status = _library.mirlow_evaluate(self._state, text, byref(handle))
+        return self._take(status, handle, text)
+
+    def prepare(self, expression):
+        """The expression read once, to be called many times. Raises Error where it is not written
+        as it must be."""
+        return Expression(self, expression)
+
+    def _take(self, status, handle, text):
+        """What an evaluation handed out, a reference followed."""
+        self._check(status, text)
         value = _Value(handle)
         if _library.mirlow_get_kind(value.handle) == _REFERENCE:
             followed = c_void_p()

@@ -1,5 +1,6 @@
 """Tests of mirlow.py: python3 test_mirlow.py"""
 import doctest
+import gc
 import math
 import unittest
 
@@ -87,6 +88,61 @@ class Errors(unittest.TestCase):
             with self.assertRaises(mirlow.Error):
                 self.session(expression)
         self.assertEqual(self.session("x"), 1)
+
+
+class Prepared(unittest.TestCase):
+    def setUp(self):
+        self.session = mirlow.Session()
+
+    def test_follow_what_they_name(self):
+        square = self.session.prepare("x*x+1")
+        with self.assertRaisesRegex(mirlow.Error, "Unknown symbol 'x'"):
+            square()
+        for value in (0, 3, -0.5):
+            self.session["x"] = value
+            self.assertEqual(square(), value * value + 1)
+            self.assertEqual(square(x=value + 1), (value + 1) ** 2 + 1)
+            self.assertEqual(self.session["x"], value + 1)
+
+    def test_give_any_value(self):
+        double = self.session.prepare("2*x")
+        self.assertEqual(double(x=[1, 2]), [2, 4])
+        self.assertEqual(double(x=2), 4)
+        self.session.refer("x", "y+1")
+        self.assertEqual((self.session.prepare("x")(y=3), double()), (4, 8))
+        self.session.run("s:Symbol")
+        self.assertEqual(self.session.prepare("s")(), "s")
+
+    def test_know_their_names(self):
+        self.assertEqual(self.session.prepare("a*x*x+min(b, 1)").names, ["a", "x", "b"])
+
+    def test_say_where_they_are_broken(self):
+        for text, position in [("1+(2", 2), ("1+2)", 3), ("1+f(2)", 2), ("", 0)]:
+            with self.assertRaises(mirlow.Error) as caught:
+                self.session.prepare(text)
+            self.assertEqual(caught.exception.position, position, text)
+
+    def test_say_what_failed(self):
+        with self.assertRaises(mirlow.Error) as caught:
+            self.session.prepare("1+width")()
+        self.assertEqual((caught.exception.position, caught.exception.length), (2, 5))
+        with self.assertRaises(mirlow.Error):
+            self.session.prepare("1")(**{"7": 1})
+        self.session.limit(steps=3)
+        with self.assertRaises(mirlow.LimitError):
+            self.session.prepare("1+1+1+1")()
+
+    def test_call_functions_which_may_raise(self):
+        self.session.define("root", math.sqrt, 1)
+        root = self.session.prepare("root(x)")
+        self.assertEqual(root(x=9), 3)
+        with self.assertRaises(ValueError):
+            root(x=-1)
+
+    def test_keep_their_session(self):
+        three = mirlow.Session().prepare("1+2")
+        gc.collect()
+        self.assertEqual(three(), 3)
 
 
 class Functions(unittest.TestCase):

@@ -98,9 +98,17 @@ MIRLOW_API void mirlow_interrupt(mirlow_state* state);
 // Gets what the commands of a line print. It must not call mirlow_free for the state.
 typedef void (*mirlow_write)(void* user, const char* text, size_t length);
 MIRLOW_API mirlow_status mirlow_set_output(mirlow_state* state, mirlow_write write, void* user);
+// Answers the questions of commands: writes up to `room` bytes to `text` and returns how many; 0 is
+// the end of all answers. An answer ends with a newline.
+typedef size_t (*mirlow_read)(void* user, char* text, size_t room);
+MIRLOW_API mirlow_status mirlow_set_input(mirlow_state* state, mirlow_read read, void* user);
 // Carries out the commands of a line as at the prompt: definitions, queries, deletions. What they
-// have to say, errors included, is printed. A question counts as answered with Enter.
+// have to say, errors included, is printed; MIRLOW_OK, also when commands failed. Where there is no
+// input, a question counts as answered with Enter.
 MIRLOW_API mirlow_status mirlow_process_line(mirlow_state* state, const char* line);
+// The first failure of the last line, with its place in that line; its kind is MIRLOW_NO_FAILURE
+// when no command failed. Never null; valid until the next call with the state.
+MIRLOW_API const mirlow_error* mirlow_line_error(mirlow_state* state);
 
 // ---- Symbols ----
 
@@ -117,8 +125,53 @@ MIRLOW_API mirlow_status mirlow_get(mirlow_state* state, const char* name, mirlo
 // MIRLOW_NOT_FOUND when no symbol bears the name, and for "_", which is always there.
 MIRLOW_API mirlow_status mirlow_erase(mirlow_state* state, const char* name);
 // The names of all symbols in ascending order, "_" included, by index from 0. MIRLOW_NOT_FOUND
-// behind the last one. A name is valid until the next call with the state.
+// behind the last one. They are those that there were when index 0 was asked for; a name is valid
+// until it is asked for again.
 MIRLOW_API mirlow_status mirlow_get_name(mirlow_state* state, size_t index, const char** name);
+// The same for the names of all types and of all functions, as there are; such a name is valid
+// until the next call with the state.
+MIRLOW_API mirlow_status mirlow_get_type_name(mirlow_state* state, size_t index, const char** name);
+MIRLOW_API mirlow_status mirlow_get_function_name(mirlow_state* state, size_t index,
+                                                  const char** name);
+
+// ---- Prepared expressions and variables ----
+
+// A text that was read once and is evaluated any number of times, with the values that its names
+// have then; and the place of one symbol, for numbers that change all the time. A function that an
+// evaluation calls must not free what is evaluated. When the state is freed first, all that can
+// still be done with them is to free them too; other calls return MIRLOW_BAD_ARGUMENT. Failures are
+// in mirlow_last_error of their state.
+typedef struct mirlow_expression mirlow_expression;
+typedef struct mirlow_variable mirlow_variable;
+
+// Reads a text. MIRLOW_FAILED, with the place, when it is not written as it must be, or calls a
+// function that is not there. A name that is missing now may be there when it is evaluated.
+MIRLOW_API mirlow_status mirlow_prepare(mirlow_state* state, const char* text,
+                                        mirlow_expression** expression);
+// Null is let pass, here and for variables.
+MIRLOW_API void mirlow_free_expression(mirlow_expression* expression);
+// What mirlow_evaluate would give for the text.
+MIRLOW_API mirlow_status mirlow_evaluate_prepared(mirlow_expression* expression,
+                                                  mirlow_value** value);
+// The same where a number is wanted, and by far the fastest way. A reference counts as what it
+// comes to; MIRLOW_WRONG_TYPE when the value is no number.
+MIRLOW_API mirlow_status mirlow_evaluate_number(mirlow_expression* expression, double* number);
+// The names that the text reads, each once, in the order of the text, by index from 0; not those
+// that references in it read in their turn. MIRLOW_NOT_FOUND behind the last one. A name is valid
+// until the next call with the expression.
+MIRLOW_API mirlow_status mirlow_get_name_read(mirlow_expression* expression, size_t index,
+                                              const char** name);
+
+// MIRLOW_FAILED for a name that no symbol may bear or that no expression can ask for. The symbol
+// need not be there.
+MIRLOW_API mirlow_status mirlow_get_variable(mirlow_state* state, const char* name,
+                                             mirlow_variable** variable);
+MIRLOW_API void mirlow_free_variable(mirlow_variable* variable);
+// Gives the symbol a number, in place of any value; makes it if there is none.
+MIRLOW_API mirlow_status mirlow_set_variable(mirlow_variable* variable, double number);
+// MIRLOW_NOT_FOUND when the symbol has no number.
+MIRLOW_API mirlow_status mirlow_get_variable_number(const mirlow_variable* variable,
+                                                    double* number);
 
 // ---- Values ----
 

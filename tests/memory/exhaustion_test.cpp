@@ -6,10 +6,12 @@
 #include <new>
 #include <sstream>
 #include <streambuf>
+#include <vector>
 
 #include "interpreter/state.h"
 #include "tests/memory/scarce_memory.h"
 #include "tests/support/sanitizers.h"
+#include "types/value.h"
 #include "types/vector.h"
 #include "utils/pool.h"
 
@@ -122,6 +124,26 @@ TEST_F(Exhaustion, LeavesAStateThatGoesOn) {
               "\tScalar : 2\n\tDefining Vector : mine = <1, 2>\n\tScalar : 2\n"
               "\tVector : mine = <1, 2>\n\tScalar : 9\n")
         << "call " << call;
+    if (!failed) return;
+  }
+}
+
+// The first evaluation in a State needs memory for all that is under way.
+TEST_F(Exhaustion, LeavesReferencesThatCanBeEvaluated) {
+  for (std::size_t call = 1;; ++call) {
+    State state(out_, in_);
+    Register(state);
+    state.SetSymbol("anamethatistoolong", FromNumber(2));
+    state.SetReference("r", "anamethatistoolong*<1, 2, 3>");
+    const s_refptr<Symbol> reference = state.GetSymbol("r");
+    ScarceMemory::FailAt(call);
+    try {
+      EXPECT_EQ(ToNumbers(reference), (std::vector<double>{2, 4, 6}));
+    } catch (const std::bad_alloc&) {
+    }
+    const bool failed = ScarceMemory::Stop();
+    const Result sum = state.Compute("r[2]+1");
+    ASSERT_EQ(ToNumber(sum.value), 7) << "call " << call << sum.error;
     if (!failed) return;
   }
 }

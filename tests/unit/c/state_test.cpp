@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <mirlow/mirlow.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <memory>
@@ -135,6 +136,88 @@ TEST_F(StateInC, LinesPrintWhereTheHostWants) {
   EXPECT_EQ(Compute("x"), "\tError : Unknown symbol 'x'");
 }
 
+TEST_F(StateInC, TheFirstFailureOfALineHasAPlaceInIt) {
+  const struct {
+    const char* line;
+    mirlow_failure kind;
+    std::size_t position;
+    std::size_t length;
+    const char* text;
+  } kRows[] = {
+      {"x=1;2*width;1+zz", MIRLOW_UNKNOWN_NAME, 6, 5, "\tError : Unknown symbol 'width'"},
+      {"?no",              MIRLOW_UNKNOWN_NAME, 1, 2, "\tError : Unknown symbol 'no'"   },
+      {"1;(2",             MIRLOW_FORM,         2, 1, "\tError : Unterminated '('"      },
+      {"x=2",              MIRLOW_NO_FAILURE,   0, 0, ""                                },
+  };
+  for (const auto& row : kRows) {
+    EXPECT_EQ(mirlow_process_line(Get(), row.line), MIRLOW_OK) << row.line;
+    const mirlow_error* error = mirlow_line_error(Get());
+    EXPECT_EQ(error->kind, row.kind) << row.line;
+    EXPECT_EQ(error->position, row.position) << row.line;
+    EXPECT_EQ(error->length, row.length) << row.line;
+    EXPECT_STREQ(error->text, row.text) << row.line;
+  }
+  EXPECT_STREQ(mirlow_line_error(nullptr)->text, "");
+  EXPECT_STREQ(mirlow_last_error(Get())->text, "") << "no call has failed";
+}
+
+// Says yes or no each time that it is asked, a few bytes at a time.
+TEST_F(StateInC, QuestionsAreAnsweredByTheHost) {
+  struct Answers {
+    std::string text;
+    static std::size_t Read(void* user, char* text, std::size_t room) {
+      std::string& rest = static_cast<Answers*>(user)->text;
+      const std::size_t count = rest.copy(text, std::min<std::size_t>(room, 2));
+      rest.erase(0, count);
+      return count;
+    }
+  } answers{"no\ny\n"};
+  EXPECT_EQ(mirlow_set_input(Get(), Answers::Read, &answers), MIRLOW_OK);
+  mirlow_set_number(Get(), "x", 1);
+  EXPECT_EQ(Process("~").find("erased"), std::string::npos);
+  EXPECT_EQ(Compute("x"), "1");
+  EXPECT_NE(Process("~").find("erased"), std::string::npos);
+  EXPECT_EQ(answers.text, "");
+  mirlow_set_number(Get(), "x", 1);
+  EXPECT_NE(Process("~").find("erased"), std::string::npos) << "the end is Enter";
+
+  answers.text = "n\nforgotten\n";
+  mirlow_set_number(Get(), "x", 1);
+  EXPECT_EQ(Process("~").find("erased"), std::string::npos);
+  EXPECT_EQ(mirlow_set_input(Get(), nullptr, nullptr), MIRLOW_OK);
+  EXPECT_NE(Process("~").find("erased"), std::string::npos);
+}
+
+// More bytes than there was room for, and an exception: no answer.
+TEST_F(StateInC, AnAnswerThatIsNoneCountsAsTheEnd) {
+  const mirlow_read too_many = [](void*, char*, std::size_t room) { return room + 1; };
+  const mirlow_read thrower = [](void*, char*, std::size_t) -> std::size_t {
+    throw std::runtime_error("no");
+  };
+  for (const mirlow_read read : {too_many, thrower}) {
+    EXPECT_EQ(mirlow_set_input(Get(), read, nullptr), MIRLOW_OK);
+    EXPECT_NE(Process("~").find("erased"), std::string::npos);
+  }
+  EXPECT_EQ(Compute("1+1"), "2");
+}
+
+TEST_F(StateInC, TypesAndFunctionsHaveNames) {
+  const auto list = [this](auto get) {
+    std::string names;
+    const char* name = nullptr;
+    for (std::size_t i = 0; get(Get(), i, &name) == MIRLOW_OK; ++i) names.append(name).append(" ");
+    return names;
+  };
+  EXPECT_EQ(list(mirlow_get_type_name), "Reference Scalar Symbol Vector ");
+  EXPECT_EQ(list(mirlow_get_function_name), "max min rand round round_down round_up ");
+  const char* untouched = nullptr;
+  EXPECT_EQ(mirlow_get_type_name(Get(), 4, &untouched), MIRLOW_NOT_FOUND);
+  EXPECT_EQ(mirlow_get_type_name(nullptr, 0, &untouched), MIRLOW_BAD_ARGUMENT);
+  EXPECT_EQ(mirlow_get_function_name(Get(), 0, nullptr), MIRLOW_BAD_ARGUMENT);
+  EXPECT_EQ(mirlow_set_input(nullptr, nullptr, nullptr), MIRLOW_BAD_ARGUMENT);
+  EXPECT_EQ(untouched, nullptr);
+}
+
 TEST_F(StateInC, SymbolsComeAndGo) {
   EXPECT_EQ(mirlow_set_number(Get(), "x", 2.5), MIRLOW_OK);
   EXPECT_EQ(Compute("2*x"), "5");
@@ -178,6 +261,18 @@ TEST_F(StateInC, NamesAreInOrder) {
   const char* name = nullptr;
   for (std::size_t i = 0; mirlow_get_name(Get(), i, &name) == MIRLOW_OK; ++i) names.push_back(name);
   EXPECT_EQ(names, (std::vector<std::string>{"_", "a", "b"}));
+}
+
+// Who walks through the names may erase symbols on the way.
+TEST_F(StateInC, NamesAreThoseFromTheBeginningOfTheWalk) {
+  mirlow_process_line(Get(), "a=1;b=2;c=3");
+  const char* name = nullptr;
+  EXPECT_EQ(mirlow_get_name(Get(), 0, &name), MIRLOW_OK);
+  for (std::size_t i = 1; mirlow_get_name(Get(), i, &name) == MIRLOW_OK; ++i) {
+    EXPECT_EQ(mirlow_erase(Get(), name), MIRLOW_OK) << name;
+  }
+  EXPECT_EQ(mirlow_get_name(Get(), 0, &name), MIRLOW_OK);
+  EXPECT_EQ(mirlow_get_name(Get(), 1, &name), MIRLOW_NOT_FOUND);
 }
 
 TEST_F(StateInC, AReferenceFollowsWhatItNames) {

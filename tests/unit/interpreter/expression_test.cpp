@@ -115,6 +115,88 @@ TEST_F(ExpressionTest, FollowsItsNames) {
   EXPECT_EQ(expression.EvaluateNumber(), 2);
 }
 
+TEST_F(ExpressionTest, SaysWhyThereIsNoNumber) {
+  session_.Type("x=2;v=<1, 2>;r&=x+1;s&=zz+1;n:Reference");
+  const struct {
+    const char* text;
+    const char* otherwise;
+    Failure failure;
+  } kRows[] = {
+      {"x+zz", "\tError : Unknown symbol 'zz'",                                                  Failure::kUnknownName},
+      {"v+1",  "\tError : No match for operator 'Vector + Scalar' in :\n\t        \t<1, 2> + 1",
+       Failure::kNoMatch                                                                                              },
+      {"s",    "\tError : Unknown symbol 'zz'",                                                  Failure::kUnknownName},
+      {"2*s",  "\tError : Unknown symbol 'zz'",                                                  Failure::kUnknownName},
+      {"n",    "\tError : Empty symbol",                                                         Failure::kForm       },
+      {"x*v",  "Vector : <2, 4>",                                                                Failure::kNone       },
+      {"&v",   "Vector : <1, 2>",                                                                Failure::kNone       },
+  };
+  for (const auto& row : kRows) {
+    Result otherwise;
+    EXPECT_EQ(Prepare(row.text).EvaluateNumber(otherwise), std::nullopt) << row.text;
+    EXPECT_EQ(Show(otherwise), row.otherwise) << row.text;
+    EXPECT_EQ(otherwise.failure, row.failure) << row.text;
+  }
+  Result untouched;
+  EXPECT_EQ(Prepare("x+1").EvaluateNumber(untouched), 3);
+  EXPECT_EQ(Prepare("r").EvaluateNumber(untouched), 3);
+  EXPECT_EQ(Show(untouched), "");
+}
+
+// An operator and the name behind it may be one step of a prepared expression.
+TEST_F(ExpressionTest, TakesStepsAndNoMoreThanCompute) {
+  session_.Type("x=2;v=<1, 2>");
+  State& state = session_.GetState();
+  const auto count_steps = [&state](const std::string& text, const auto& evaluate) {
+    Limits limits;
+    for (limits.steps = 0; limits.steps < 100; ++limits.steps) {
+      state.SetLimits(limits);
+      const Failure failure = evaluate();
+      if (failure == Failure::kNone) break;
+      EXPECT_EQ(failure, Failure::kSteps) << text;
+    }
+    state.SetLimits({});
+    return limits.steps;
+  };
+  for (const char* text :
+       {"1", "x", "x+1", "2*x-3/x", "x*x*x*x", "-(x)", "min(x, max(3, x))", "v+v"}) {
+    const auto computed = count_steps(text, [&] { return state.Compute(text).failure; });
+    Expression expression = Prepare(text);
+    const auto prepared = count_steps(text, [&] {
+      Result otherwise;
+      expression.EvaluateNumber(otherwise);
+      return otherwise.failure;
+    });
+    EXPECT_GT(prepared, 0U) << text;
+    EXPECT_LE(prepared, computed) << text;
+    EXPECT_LT(computed, 100U) << text;
+  }
+}
+
+// A function that evaluates on and on within an evaluation.
+TEST_F(ExpressionTest, TakesTheStepsOfWhatIsUnderWay) {
+  session_.Type("x=2");
+  State& state = session_.GetState();
+  int times = 0;
+  state.AddFunction("again", {""}, [&](State&, const Values&, Values&, s_str& error) -> s_bool {
+    Expression expression = Prepare("x*x+1");
+    Result otherwise;
+    for (times = 0; times < 100'000; ++times) {
+      if (expression.EvaluateNumber(otherwise)) continue;
+      error = otherwise.error;
+      return false;
+    }
+    return false;
+  });
+  Limits limits;
+  limits.steps = 3000;
+  state.SetLimits(limits);
+  EXPECT_EQ(state.Compute("again()").failure, Failure::kSteps);
+  EXPECT_GT(times, 100);
+  EXPECT_LT(times, 3000);
+  EXPECT_EQ(Prepare("x*x+1").EvaluateNumber(), 5);
+}
+
 TEST_F(ExpressionTest, SurvivesThatAllSymbolsGo) {
   Session session("y\n");
   session.Type("x=3");

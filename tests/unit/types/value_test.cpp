@@ -155,9 +155,30 @@ TEST_F(ValueTest, AReferenceSaysWhyItComesToNothing) {
     EXPECT_EQ(ToText(result.value), row.text) << row.expression;
     EXPECT_EQ(result.error, row.error) << row.expression;
   }
-  const Result nothing = EvaluateReference({});
+  const Result nothing = EvaluateReference(s_refptr<Symbol>());
   EXPECT_FALSE(nothing);
   EXPECT_EQ(nothing.error, "");
+}
+
+TEST_F(ValueTest, AResultIsFollowedAndAFailureStaysAsItIs) {
+  session_.Type("x=2;r&=x+1;s&=zz+1");
+  State& state = session_.GetState();
+  const struct {
+    const char* expression;
+    const char* text;
+    Failure failure;
+  } kRows[] = {
+      {"x",    "2",                             Failure::kNone       },
+      {"2*r",  "6",                             Failure::kNone       },
+      {"2*s",  "\tError : Unknown symbol 'zz'", Failure::kUnknownName},
+      {"2*(x", "\tError : Unterminated '('",    Failure::kForm       },
+  };
+  for (const auto& row : kRows) {
+    const Result result = EvaluateReference(state.Compute(row.expression));
+    EXPECT_EQ(result ? ToText(result.value) : result.error, row.text) << row.expression;
+    EXPECT_EQ(result.failure, row.failure) << row.expression;
+  }
+  EXPECT_EQ(EvaluateReference(state.Compute("2*(x")).place, (Place{2, 1}));
 }
 
 TEST_F(ValueTest, AReferenceFromTextFollowsItsState) {

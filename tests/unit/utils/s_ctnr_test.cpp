@@ -55,6 +55,18 @@ TEST(SCtnr, ElementsCanBeChanged) {
   EXPECT_EQ(Join(words), "c!|b!|");
 }
 
+TEST(SCtnr, AnIndexIsOfAnyIntegralType) {
+  Words words = {"a", "b"};
+  const Words& fixed = words;
+  words[0] = "c";
+  EXPECT_EQ(fixed[0].Get(), "c");
+  EXPECT_EQ(fixed[std::size_t{1}].Get(), "b");
+  EXPECT_EQ(fixed[s_uint(1U)].Get(), "b");
+  EXPECT_THROW(words[-1], std::out_of_range);
+  EXPECT_THROW(fixed[2], std::out_of_range);
+  EXPECT_THROW(fixed[std::size_t{1} << 31], std::out_of_range);
+}
+
 TEST(SCtnr, AnIndexPastTheEndRaisesTheRangeError) {
   Words words = {"a", "b"};
   const Words& fixed = words;
