@@ -39,6 +39,8 @@ mirlow (@PROJECT_VERSION@) unstable; urgency=medium
   install(FILES ${changelog} ${PROJECT_SOURCE_DIR}/packaging/copyright
     DESTINATION ${doc_dir}/${package} COMPONENT ${component})
 endforeach()
+install(FILES packaging/mirlow.lintian-overrides RENAME mirlow
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/lintian/overrides COMPONENT program EXCLUDE_FROM_ALL)
 
 set(CPACK_GENERATOR DEB TGZ)
 set(CPACK_PACKAGE_NAME mirlow)
