@@ -9,6 +9,8 @@ file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.md)
 install(FILES ${pages} DESTINATION ${doc_dir}/mirlow/docs COMPONENT documentation)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/notes DESTINATION ${doc_dir}/mirlow/docs
   COMPONENT documentation)
+install(FILES docs/pictures/performance.svg DESTINATION ${doc_dir}/mirlow/docs/pictures
+  COMPONENT documentation)
 install(FILES CHANGELOG.md CONTRIBUTING.md SECURITY.md
   DESTINATION ${doc_dir}/mirlow COMPONENT documentation)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${doc_dir}/mirlow
@@ -39,6 +41,8 @@ mirlow (@PROJECT_VERSION@) unstable; urgency=medium
   install(FILES ${changelog} ${PROJECT_SOURCE_DIR}/packaging/copyright
     DESTINATION ${doc_dir}/${package} COMPONENT ${component})
 endforeach()
+install(FILES packaging/mirlow.lintian-overrides RENAME mirlow
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/lintian/overrides COMPONENT program EXCLUDE_FROM_ALL)
 
 set(CPACK_GENERATOR DEB TGZ)
 set(CPACK_PACKAGE_NAME mirlow)

@@ -1,5 +1,5 @@
-# Run by cpack on what it is about to pack for Debian: manual pages and changelogs are compressed
-# there, and static libraries carry no symbols but those to link with.
+# Run by cpack on what it is about to pack for Debian: compresses manual pages and changelogs, and
+# strips programs and static libraries as Debian does.
 if(NOT CPACK_GENERATOR STREQUAL DEB)
   return()
 endif()
@@ -7,8 +7,9 @@ file(GLOB_RECURSE texts ${CPACK_TEMPORARY_DIRECTORY}/*.1 ${CPACK_TEMPORARY_DIREC
 foreach(text IN LISTS texts)
   execute_process(COMMAND gzip --best --no-name --force ${text} COMMAND_ERROR_IS_FATAL ANY)
 endforeach()
-file(GLOB_RECURSE libraries ${CPACK_TEMPORARY_DIRECTORY}/*.a)
-foreach(library IN LISTS libraries)
-  execute_process(COMMAND strip --strip-debug --remove-section=.comment ${library}
+file(GLOB_RECURSE binaries ${CPACK_TEMPORARY_DIRECTORY}/*)
+list(FILTER binaries INCLUDE REGEX "(\\.a|/bin/[^/]*)$")
+foreach(binary IN LISTS binaries)
+  execute_process(COMMAND strip --strip-debug --remove-section=.comment ${binary}
     COMMAND_ERROR_IS_FATAL ANY)
 endforeach()

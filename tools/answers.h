@@ -17,6 +17,8 @@ class Answers : public std::streambuf {
  public:
   // The terminal must outlive it.
   explicit Answers(TerminalInput& terminal) : terminal_(terminal) {}
+  Answers(const Answers&) = delete;
+  Answers& operator=(const Answers&) = delete;
 
  protected:
   int_type underflow() override;

@@ -19,6 +19,8 @@ class Capture : public std::streambuf {
   // `before_question` is called before that, unless it is null.
   Capture(std::streambuf& target, std::streambuf& questions, void (*before_question)())
       : target_(target), questions_(questions), before_question_(before_question) {}
+  Capture(const Capture&) = delete;
+  Capture& operator=(const Capture&) = delete;
 
   // All of it, and what was not passed on yet. Valid until something is printed or cleared.
   std::string_view GetText() const { return text_; }

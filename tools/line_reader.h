@@ -18,6 +18,9 @@ class LineReader {
     kEnd,        // Ctrl-D on an empty line, or a hangup
   };
 
+  LineReader() = default;
+  LineReader(const LineReader&) = delete;
+  LineReader& operator=(const LineReader&) = delete;
   virtual ~LineReader() = default;
   // Prints the prompt. The line comes without its newline; what was pasted may hold some.
   virtual Outcome Read(std::string& line) = 0;

@@ -11,6 +11,8 @@ namespace Quarn {
 class TerminalInput : public std::streambuf {
  public:
   explicit TerminalInput(int file) : file_(file) {}
+  TerminalInput(const TerminalInput&) = delete;
+  TerminalInput& operator=(const TerminalInput&) = delete;
 
  protected:
   int_type underflow() override;

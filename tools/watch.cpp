@@ -2,14 +2,13 @@
 
 #include <poll.h>
 #include <sys/ioctl.h>
-#include <termios.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <iostream>
 #include <sstream>
 
 #include "tools/colours.h"
+#include "tools/full_screen.h"
 #include "tools/watched_script.h"
 
 namespace Quarn {
@@ -17,40 +16,6 @@ namespace {
 
 constexpr int kPollMilliseconds = 200;
 constexpr char kControlD = 'D' & 0x1F;
-
-// A screen of its own, whose keys come one by one, unechoed. Both are given back in the end, also
-// when a signal ends the program.
-class FullScreen {
- public:
-  FullScreen() {
-    tcgetattr(STDIN_FILENO, &before_);
-    termios raw = before_;
-    raw.c_lflag &= ~static_cast<tcflag_t>(ICANON | ECHO);
-    raw.c_cc[VSUSP] = _POSIX_VDISABLE;
-    tcsetattr(STDIN_FILENO, TCSANOW, &raw);
-    std::cout << "\033[?1049h\033[?25l";
-    struct sigaction action = {};
-    action.sa_handler = GiveBackAndEnd;
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) sigaction(signal, &action, nullptr);
-  }
-  FullScreen(const FullScreen&) = delete;
-  FullScreen& operator=(const FullScreen&) = delete;
-  ~FullScreen() { GiveBack(); }
-
- private:
-  static void GiveBack() {
-    constexpr std::string_view kEnd = "\033[?25h\033[?1049l";
-    [[maybe_unused]] const ssize_t written = write(STDOUT_FILENO, kEnd.data(), kEnd.size());
-    tcsetattr(STDIN_FILENO, TCSANOW, &before_);
-  }
-  static void GiveBackAndEnd(int signal) {
-    GiveBack();
-    std::signal(signal, SIG_DFL);
-    raise(signal);
-  }
-
-  static inline termios before_ = {};
-};
 
 winsize GetSize() {
   winsize size = {};

@@ -3,17 +3,6 @@
 # Each argument names what shows that a package is installed, a command or a file, and the package.
 # Nothing is asked from the network when all is there.
 
-as_root() {
-  if [ "$(id -u)" -eq 0 ]; then
-    "$@"
-  elif command -v sudo >/dev/null; then
-    sudo "$@"
-  else
-    echo "Missing: $missing. To install them, run this as root or install sudo." >&2
-    return 1
-  fi
-}
-
 is_there() {
   case $1 in
     /*) [ -e "$1" ] ;;
@@ -27,6 +16,7 @@ install_missing() {
     is_there "${need%%:*}" || missing="$missing ${need##*:}"
   done
   [ -n "$missing" ] || return 0
+  can_install || return 1
   # What is installed is told on standard error: standard output is the program's.
   echo "Installing$missing ..." >&2
   # The list is unquoted, to be split into words.
@@ -36,6 +26,19 @@ install_missing() {
   }
 }
 
+can_install() {
+  if ! command -v apt-get >/dev/null; then
+    echo "Missing:$missing. There is no apt-get to install them with." >&2
+    return 1
+  fi
+  [ "$(id -u)" -eq 0 ] || command -v sudo >/dev/null || {
+    echo "Missing:$missing. To install them, run this as root or install sudo." >&2
+    return 1
+  }
+}
+
 run_apt() {
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get "$@" </dev/null >&2
+  as_root=
+  [ "$(id -u)" -eq 0 ] || as_root=sudo
+  $as_root env DEBIAN_FRONTEND=noninteractive apt-get "$@" </dev/null >&2
 }

@@ -5,9 +5,10 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 
+#include "interpreter/version.h"
 #include "tests/shell/shell.h"
-#include "tools/command_line.h"
 
 namespace Quarn {
 namespace {
@@ -15,6 +16,33 @@ namespace {
 constexpr char kQuestion[] =
     "\tWarning : This command will erase all symbols.\n"
     "\t          Are you sure ? ([y|Enter]/n) ";
+
+constexpr char kHelp[] =
+    R"(Usage: mirlow-shell [OPTION]... [-e COMMANDS]... [FILE]...
+Calculates with numbers, vectors and references.
+
+Without commands and files it talks with you at a terminal, or runs what comes
+through a pipe. Otherwise it runs commands and scripts in the order given.
+
+  FILE               run the lines of a script; - is standard input
+  -e, --execute=COMMANDS
+                     run these commands, separated by ";" or newlines
+      --plain        print the values of expressions and queries alone
+      --json         print an object of JSON for each command
+      --stop-on-error
+                     run nothing after a command that reported an error
+      --record=FILE  append each command that was accepted to a file
+      --watch=FILE   show the symbols of a script, anew whenever it is saved
+      --no-init      do not run the startup file, mirlow/init in ~/.config
+      --limit=LIST   change limits: steps, memory, output, nesting, finite;
+                     without a list, show those of a session
+      --color=WHEN   use colours: auto (at a terminal), always or never
+  -h, --help         show this text
+  -V, --version      show the version
+
+Exit status: 0; 1 when a command reported an error; 2 when the arguments make no
+sense, a file cannot be read, or output cannot be written.
+)";
 
 TEST(Pipe, RunsItsLinesToTheirEnd) {
   const struct {
@@ -121,21 +149,26 @@ TEST(Script, RunsWhenItIsReadOnly) {
 TEST(Script, IsNamedWhenItCannotBeRead) {
   const struct {
     const char* arguments;
-    const char* output;
+    const char* before;
+    const char* reason;
   } kRows[] = {
-      {"no/such",           "mirlow-shell: cannot read 'no/such': No such file or directory\n"},
-      {"/",                 "mirlow-shell: cannot read '/': Is a directory\n"                 },
-      {"''",                "mirlow-shell: cannot read '': No such file or directory\n"       },
-      {"- </",              "mirlow-shell: cannot read standard input: Is a directory\n"      },
-      {"-e 1 no/such -e 2",
-       "\tScalar : 1\nmirlow-shell: cannot read 'no/such': No such file or directory\n"       },
-      {"-e ?x no/such",
-       "-e:1:\tError : Unknown symbol 'x'\n"
-       "mirlow-shell: cannot read 'no/such': No such file or directory\n"                     },
+      {"no/such",                "",                                    "'no/such': No such file or directory"},
+      {"/",                      "",                                    "'/': Is a directory"                 },
+      {"''",                     "",                                    "'': No such file or directory"       },
+      {"- </",                   "",                                    "standard input: Is a directory"      },
+      {"<&-",                    "",                                    "standard input: Bad file descriptor" },
+      {"-e 1 no/such -e 2",      "\tScalar : 1\n",                      "'no/such': No such file or directory"},
+      {"-e 1 - -e 2 </",         "\tScalar : 1\n",                      "standard input: Is a directory"      },
+      {"-e ?x /",                "-e:1:\tError : Unknown symbol 'x'\n", "'/': Is a directory"                 },
+      {"--plain -e 1 / -e 2",    "1\n",                                 "'/': Is a directory"                 },
+      {"--json -e x:=1 / -e 2",  "{\"kind\":\"nothing\"}\n",            "'/': Is a directory"                 },
+      {"--stop-on-error / -e 2", "",                                    "'/': Is a directory"                 },
   };
   for (const auto& row : kRows) {
     const Outcome outcome = RunWithMessages(row.arguments);
-    EXPECT_EQ(outcome.output, row.output) << row.arguments;
+    EXPECT_EQ(outcome.output,
+              std::string(row.before) + "mirlow-shell: cannot read " + row.reason + "\n")
+        << row.arguments;
     EXPECT_EQ(outcome.status, 2) << row.arguments;
   }
 }
@@ -145,9 +178,19 @@ TEST(Script, ThatCannotBeReadEndsTheRun) {
   const Outcome outcome = RunShell({"-e", "1;?x", "no/such", "-e", "2"});
   EXPECT_EQ(outcome.output, "\tScalar : 1\n\tError : Unknown symbol 'x'\n");
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(RunWithMessages("-e 1 no/such >/dev/full").output,
+  const Outcome full = RunWithMessages("-e 1 no/such >/dev/full");
+  EXPECT_EQ(full.output,
             "mirlow-shell: cannot read 'no/such': No such file or directory\n"
             "mirlow-shell: cannot write to standard output\n");
+  EXPECT_EQ(full.status, 2);
+}
+
+// What ran before it is in the record, what stands after it is not.
+TEST(Script, ThatCannotBeReadEndsTheRecord) {
+  const TemporaryDirectory directory;
+  const std::string record = directory.PathOf("record");
+  EXPECT_EQ(RunShell({"--record=" + record, "-e", "x=1", "no/such", "-e", "y=2"}).status, 2);
+  EXPECT_EQ(ReadBytes(record), "x=1\n");
 }
 
 TEST(Script, ThatLooksLikeCommandsIsToldHowToBeOne) {
@@ -181,13 +224,25 @@ TEST(Arguments, ThatMakeNoSenseAreRefused) {
   EXPECT_EQ(RunWithMessages("-e").status, 2);
 }
 
-TEST(Arguments, AskForHelpAndVersion) {
-  const Outcome help = RunShell({"--help"});
-  EXPECT_EQ(help.output, kUsage);
-  EXPECT_EQ(help.status, 0);
-  const Outcome version = RunShell({"--version"});
-  EXPECT_TRUE(version.output.starts_with("mirlow-shell ")) << version.output;
-  EXPECT_EQ(version.status, 0);
+TEST(Arguments, AskForHelp) {
+  for (const char* option : {"--help", "-h"}) {
+    const Outcome help = RunShell({option});
+    EXPECT_EQ(help.output, kHelp) << option;
+    EXPECT_EQ(help.status, 0) << option;
+  }
+}
+
+TEST(Arguments, AskForTheVersion) {
+  for (const char* option : {"--version", "-V"}) {
+    const Outcome version = RunShell({option});
+    EXPECT_EQ(version.output, std::string("mirlow-shell ") + kVersion + "\n") << option;
+    EXPECT_EQ(version.status, 0) << option;
+  }
+}
+
+TEST(Arguments, HaveAHelpOf80Columns) {
+  std::istringstream lines(kHelp);
+  for (std::string line; std::getline(lines, line);) EXPECT_LT(line.size(), 81U) << line;
 }
 
 TEST(Output, ThatCannotBeWrittenIsAFailure) {
