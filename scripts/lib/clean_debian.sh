@@ -11,6 +11,7 @@ make_clean_debian() {
   install_missing debootstrap:debootstrap
   clean=$(mktemp -d)
   trap 'rm -rf --one-file-system "$clean"' EXIT
+  trap 'exit 1' HUP INT TERM # which runs the one above
   chmod 755 "$clean" # for users other than root
   debootstrap --variant=minbase --include=ca-certificates bookworm "$clean" "${1:-$(find_mirror)}" >&2
   # The same certificates and ways through the network as here.
