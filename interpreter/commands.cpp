@@ -40,21 +40,22 @@ class Commands::Line {
       : commands_(commands), outer_(std::exchange(commands.current_, this)), begin_(begin) {}
   ~Line() {
     commands_.current_ = outer_;
-    commands_.failure_.error.swap(failure_.error);
-    commands_.failure_.place = failure_.place;
-    commands_.failure_.failure = failure_.failure;
+    if (failure_ || commands_.failure_) commands_.failure_ = std::move(failure_);
   }
   Line(const Line&) = delete;
   Line& operator=(const Line&) = delete;
 
   const char* GetBegin() const { return begin_; }
-  Result& GetFailure() { return failure_; }
+  // Keeps the first one.
+  void Fail(Result failure) {
+    if (!failure_) failure_ = std::make_unique<Result>(std::move(failure));
+  }
 
  private:
   Commands& commands_;
   Line* outer_;
   const char* begin_;
-  Result failure_;
+  std::unique_ptr<Result> failure_;  // null as long as there is none
 };
 
 void Commands::ProcessLine(std::string_view line) {
@@ -242,11 +243,12 @@ void Commands::Fail(Failure kind, s_str message, const Place& place) {
 
 // For the host. A later failure of the line may come of an earlier one.
 void Commands::KeepFailure(Failure kind, const s_str& message, const Place& place) {
-  Result& failure = current_->GetFailure();
-  if (failure.failure != Failure::kNone) return;
-  failure.error = message.Get();
-  failure.place = place;
-  failure.failure = kind;
+  current_->Fail({{}, message.Get(), place, kind});
+}
+
+const Result& Commands::GetFailure() const {
+  static const Result kNone;
+  return failure_ ? *failure_ : kNone;
 }
 
 // Where in the line a part of it is.

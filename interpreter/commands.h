@@ -3,6 +3,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <memory>
 #include <string_view>
 
 #include "interpreter/embedding.h"
@@ -19,7 +20,7 @@ class Commands {
 
   void ProcessLine(std::string_view line);
   // Of the last line: its first failure, and the place of the last one of an expression.
-  const Result& GetFailure() const { return failure_; }
+  const Result& GetFailure() const;
   Place GetFailurePlace() const { return last_place_; }
   void Flush();
   void PrintHelp();
@@ -58,7 +59,7 @@ class Commands {
   std::istream& in_;
   s_str line_;  // of output, being composed
   Line* current_ = nullptr;
-  Result failure_;
+  std::unique_ptr<Result> failure_;  // null when there was none
   Place last_place_;
 };
 
