@@ -44,6 +44,14 @@ struct Lists {
 constinit thread_local Lists lists{};
 constinit Lists left_behind{};  // by ended threads
 
+#ifdef _WIN32
+// The compiler cannot make a mutex there: it is made when it is first asked for, and never
+// destroyed.
+std::mutex& GetMutex() {
+  static std::mutex& mutex = *new std::mutex;
+  return mutex;
+}
+#else
 // Guards left_behind. Never destroyed, since a thread may end after static destruction; and made by
 // the compiler, since a host's thread sanitizer does not see who was first to make it here.
 union Forever {
@@ -55,6 +63,7 @@ union Forever {
 constinit Forever forever;
 
 std::mutex& GetMutex() { return forever.mutex; }
+#endif
 
 void Splice(Lists& from, Lists& to) {
   for (std::size_t i = 0; i < kSizes; ++i) {

@@ -38,13 +38,13 @@ int main(int count, char** values) {
 
   Quarn::Variable x = state.GetVariable("x");
   Quarn::Expression formula = state.Prepare(values[1]);
+  Quarn::Result otherwise;
   double sum = 0;
   for (int i = 0; i < kStripes; ++i) {
     x.Set(from + (i + 0.5) * (to - from) / kStripes);
-    const std::optional<double> y = formula.EvaluateNumber();
+    const std::optional<double> y = formula.EvaluateNumber(otherwise);
     if (!y) {
-      const std::string error = formula.Evaluate().error;
-      std::cerr << (error.empty() ? "the formula gives no number" : error) << '\n';
+      std::cerr << (otherwise ? "the formula gives no number" : otherwise.error) << '\n';
       return 1;
     }
     sum += *y;

@@ -22,6 +22,20 @@ std::string Compute(Quarn::State& state, const std::string& formula, double x, b
 // "clamp" takes a number into the interval from 0 to a limit.
 double Clamp(double x, double limit) { return x < 0 ? 0 : x > limit ? limit : x; }
 
+// "mean" of the numbers in a vector.
+Quarn::s_bool Mean(Quarn::State&, const Quarn::Values& arguments, Quarn::Values& results,
+                   Quarn::s_str& error) {
+  const auto numbers = Quarn::ToNumbers(arguments[0]);
+  if (!numbers || numbers->empty()) {
+    Quarn::AddError(error, "\tError : No numbers in it");
+    return false;
+  }
+  double sum = 0;
+  for (const double number : *numbers) sum += number;
+  results.PushBack(Quarn::FromNumber(sum / static_cast<double>(numbers->size())));
+  return true;
+}
+
 }  // namespace
 
 int main(int count, char** values) {
@@ -34,7 +48,8 @@ int main(int count, char** values) {
   Quarn::State state(nobody_reads, nobody_types);
   Quarn::Vector::Register(state);
   state.AddFunctions({
-      {"clamp", {"Scalar", "Scalar"}, Quarn::OfNumbers(Clamp)}
+      {"clamp", {"Scalar", "Scalar"}, Quarn::OfNumbers(Clamp)},
+      {"mean",  {"Vector"},           Mean                   },
   });
 
   for (double x = std::atof(values[2]); x <= std::atof(values[3]); ++x) {
