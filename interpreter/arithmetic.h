@@ -1,5 +1,5 @@
-// The arithmetic that everybody knows. Where an operator on numbers is registered as one of these
-// functions, prepared expressions need not call it.
+// Plain arithmetic on doubles. Prepared expressions inline an operator that is registered as one of
+// these functions.
 #pragma once
 
 namespace Quarn {

@@ -13,7 +13,7 @@ namespace Quarn {
 
 class Budget {
  public:
-  // What is evaluated while scopes are open is interrupted together.
+  // An interruption ends all that is evaluated while a scope is open.
   class Scope {
    public:
     explicit Scope(Budget& budget) : budget_(budget) {
@@ -37,13 +37,13 @@ class Budget {
     return limits_.memory != Limits::kNone || limits_.nesting != Limits::kNone;
   }
 
-  // Ends what is under way. From any thread, or from a signal handler.
+  // Ends the current evaluation. From any thread, or from a signal handler.
   void Interrupt() { interrupted_.store(true, std::memory_order_relaxed); }
   bool IsInterrupted() const { return interrupted_.load(std::memory_order_relaxed); }
 
-  // All steps are there again.
+  // Restores all steps.
   void Refill() { steps_left_ = limits_.steps; }
-  // False when there are fewer steps left, or when all is to end.
+  // False when fewer steps are left, or after an interruption.
   bool Spend(std::uint64_t steps) {
     if (steps > steps_left_ || IsInterrupted()) return false;
     steps_left_ -= steps;
@@ -57,12 +57,12 @@ class Budget {
   void Take(std::uint64_t steps) {
     if (scopes_ > 0) steps_left_ -= steps;
   }
-  // Why there was nothing to spend.
+  // Why Spend returned false.
   Failure GetReason() {
     was_heard_ = IsInterrupted();
     return was_heard_ ? Failure::kInterrupted : Failure::kSteps;
   }
-  // Has what was under way ended by the interruption?
+  // Has an evaluation ended because of the interruption?
   bool WasHeard() const { return was_heard_; }
 
  private:

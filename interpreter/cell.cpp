@@ -81,7 +81,7 @@ void Link::AddBehind(Cell& other) {
   other.reads = next = link;
 }
 
-// Values are dropped when no list is gone through any more, since that may destroy cells. The cells
+// Values are dropped after the walk through the lists, since that may destroy cells. The cells
 // that became stale are linked by `awaited`, which means nothing in them.
 void Readers::InvalidateAll() {
   const Cell::Collection collection;

@@ -5,7 +5,7 @@
 // read, it is linked to: the names of symbols, whether there was a value or not, and other cells. A
 // change makes stale whatever read it, transitively, once: a stale cell has no links. When a cell
 // goes away, as those of deferred operations do at once, its links pass on to whoever read it.
-// A cell whose evaluation is reached while it is under way leads back to itself: a ring.
+// A cell that is reached while it is being evaluated leads back to itself: a ring.
 #pragma once
 
 #include <cstdint>
@@ -27,7 +27,7 @@ class Machine;
 class SymbolTable;
 class TextWriter;
 
-// What became of an expression.
+// How the evaluation of an expression ended.
 enum class Outcome : std::uint8_t { kValue, kFailed, kRing };
 
 // What a reference stands for, once references to references have been followed.
@@ -53,7 +53,7 @@ struct Link {
   Link** before;  // what points here
 };
 
-// Those who read a name or a cell since it changed last.
+// The cells that read a name or a cell since its last change.
 class Readers {
  public:
   Readers() = default;
@@ -92,7 +92,7 @@ class CellPtr {
   Cell* operator->() const { return cell_; }
   Cell& operator*() const { return *cell_; }
   Cell* Get() const { return cell_; }
-  // Hands the share over to who has a plain pointer, and takes it back from there.
+  // Gives the share to a plain pointer, and takes it back from one.
   Cell* Detach() { return std::exchange(cell_, nullptr); }
   static CellPtr Attach(Cell* cell) {
     CellPtr shared;
@@ -128,7 +128,7 @@ class Cell {
   State state = State::kStale;
   const bool is_leaf;  // is the text known to hold no operator and balanced brackets?
   unsigned int version = 0;
-  unsigned int walk = 0;  // that came by last
+  unsigned int walk = 0;  // the last one that visited it
   bool is_read = false;
   Program program;  // if it is read
   Answer answer;

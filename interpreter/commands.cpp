@@ -21,7 +21,7 @@ constexpr std::size_t kNowhere = std::string_view::npos;
 // Of a line of output, what is kept for the next one.
 constexpr std::size_t kMostKept = std::size_t{1} << 20;
 
-// Numbers are what most lines print, so the beginning of those is at hand as a whole.
+// Most lines print a number; these save putting its beginning together.
 constexpr std::string_view kNumberShown = "\tScalar : ";
 constexpr std::string_view kNumberDefined = "\tDefining Scalar : ";
 static_assert(kNumberShown.substr(1).starts_with(kNumberType));
@@ -46,7 +46,7 @@ class Commands::Line {
   Line& operator=(const Line&) = delete;
 
   const char* GetBegin() const { return begin_; }
-  // Keeps the first one.
+  // Keeps the first failure.
   void Fail(Result failure) {
     if (!failure_) failure_ = std::make_unique<Result>(std::move(failure));
   }

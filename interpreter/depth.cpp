@@ -13,7 +13,7 @@
 namespace Quarn {
 namespace {
 
-// On a stack that the system does not know (a fiber's), so many levels are granted.
+// The levels granted on a stack that the system does not know (a fiber's).
 constexpr unsigned int kLevelsOnUnknownStack = 500;
 
 // Where the stack may grow without limit, it is used as if it had this size.

@@ -21,7 +21,7 @@ class Elements {
   explicit Elements(const Values& values) : objects_(values.begin(), values.end()) {}
 
   std::size_t GetSize() const { return numbers_.size() + objects_.size(); }
-  // Are there only numbers, if anything?
+  // Are all elements numbers? Also true of an empty list.
   bool AreNumbers() const { return objects_.empty(); }
 
   // REQUIRES: AreNumbers.

@@ -18,7 +18,7 @@ struct Place {
   bool operator==(const Place&) const = default;
 };
 
-// What kind of failure.
+// The kinds of failure.
 enum class Failure : std::uint8_t {
   kNone,
   kForm,         // the expression, or a name, is not written as it must be
@@ -26,14 +26,14 @@ enum class Failure : std::uint8_t {
   kNoMatch,      // no operator, function or vector for values of these types
   kValue,        // a type, an operator or a function refused the value
   kRing,         // a reference leads back to itself
-  kMemory,       // what is under way takes too much of it, or of the stack
+  kMemory,       // the evaluation takes too much of it, or of the stack
   kNesting,      // from here on: limits that a host has set
   kSteps,
   kOutput,
   kInterrupted
 };
 
-// What came of a request: a value, or the text that a user would have read instead.
+// The outcome of a request: a value, or the text that a user would have read instead.
 //   const Result sum = state.Compute("1+2");
 //   if (!sum) std::cerr << sum.error << '\n';
 struct Result {

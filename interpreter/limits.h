@@ -18,8 +18,8 @@ struct Limits {
   // An instruction is a step (a number, a name, an operator, a call), and so is each element of a
   // vector that an operator makes or that is printed: some 10 to 100 nanoseconds each.
   std::uint64_t steps = kNone;
-  // Bytes, of the operands, elements, references and texts under way. Values of symbols do not
-  // count.
+  // Bytes, of the operands, elements, references and texts of an evaluation. Values of symbols do
+  // not count.
   std::uint64_t memory = kNone;
   // Characters, of the text of one value.
   std::uint64_t output = kNone;

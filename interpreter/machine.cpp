@@ -50,7 +50,7 @@ bool Machine::Evaluate(std::string_view text, const s_str& name, bool allows_new
   return false;
 }
 
-// What ended all takes the place of what was reported on the way.
+// The reason of an abort replaces what was reported before it.
 void Machine::ReportAbort(s_str& error, s_uint reported, Diagnosis& diagnosis) {
   if (abort_ == Failure::kNone) return;
   diagnosis.failure = abort_;
@@ -99,7 +99,7 @@ Answer Machine::Follow(Cell& cell) {
     if (PushCell(cell) && Run(entry.GetBase())) return answer_;
     if (abort_ == Failure::kRing) abort_ = Failure::kNone;
   }
-  // What became of the ring depends on what is under way.
+  // Whether this is a ring depends on who asked.
   if (!frames_.IsEmpty()) Top().is_impure = true;
   return {Outcome::kRing};
 }
@@ -253,8 +253,8 @@ bool Machine::Run(std::size_t base) {
   }
 }
 
-// Ends what is under way, but for the line that began it. What goes away with a frame may have been
-// read, so a cell is kept only if what it waits for still is.
+// Ends all frames but that of the line. Dropping a frame may destroy what a cell read, so a cell is
+// kept only if the one it waits for is.
 void Machine::UnwindTo(std::size_t base) {
   bool is_kept = keeps_values_ && abort_ == Failure::kRing && !ring_is_nested_ &&
                  (ring_is_known_ || IsPureRing(base));
@@ -276,11 +276,11 @@ void Machine::UnwindTo(std::size_t base) {
     awaited = cell;
     is_kept = is_kept && cell->state == Cell::State::kFresh;
   }
-  // Those further down would not know by what way they got here.
+  // The frames further down do not know how the ring was reached.
   ring_is_nested_ = base > 0;
 }
 
-// Will whoever is in the ring that was met lead back to itself until something changes?
+// Will the members of the ring lead back to themselves until something changes?
 bool Machine::IsPureRing(std::size_t base) const {
   const std::size_t count = frames_.GetSize() - base;
   for (std::size_t i = 0; i < count; ++i) {

@@ -53,7 +53,7 @@ class Machine {
   // Reads a text to be run any number of times, until something is registered.
   void Read(std::string_view text, Program& program);
 
-  // What a reference stands for.
+  // The value that a reference stands for.
   Answer Follow(Cell& cell);
 
   // The same, or why it stands for nothing.
@@ -80,8 +80,8 @@ class Machine {
   Failure GetAbort() const { return abort_; }
   s_str TakeAbort();
 
-  // For tests: evaluates each reference whenever it is asked for. Nobody can tell but by the time,
-  // which doubles with each step of a chain.
+  // For tests: evaluates each reference whenever it is asked for. Only the time differs: it doubles
+  // with each step of a chain.
   void KeepNothing() { keeps_values_ = false; }
 
  private:
@@ -136,13 +136,13 @@ class Machine {
   // One call from outside. There may be others further down the stack of the process.
   class Entry;
 
-  // Does what is under way stay within the limits? If not, all of it ends.
+  // Is the evaluation within the limits? If not, it is aborted.
   bool FitsLimits();
 
   Frame& Top() { return frames_[0]; }
   Frame& PushFrame(const Program& program, std::string_view text, const s_str& name);
   void PopFrame();
-  // Stays where it is while types are called.
+  // The text stays where it is while types are called.
   s_str& GetError();
 
   // Drops what the outermost call left, and gives back what grew beyond a megabyte.
@@ -235,7 +235,7 @@ class Machine {
   Program scratch_;  // of the cell that is being read
 
   Answer answer_;                   // to what the top frame asked
-  Failure abort_ = Failure::kNone;  // what ends all that is under way
+  Failure abort_ = Failure::kNone;  // why the whole evaluation ends
   CellPtr ring_;                    // that was met twice, or is known to lead to one that is
   bool ring_is_known_ = false;
   bool ring_is_nested_ = false;  // in what a type called back

@@ -5,10 +5,10 @@
 
 namespace Quarn {
 
-// So many instructions are read, and run, before those are asked who may end the evaluation.
+// How many instructions are read, and run, between two checks for limits and interruptions.
 inline constexpr std::size_t kChunk = 4096;
 
-// Leaves the machine as it was, whatever happens meanwhile.
+// Restores the machine's stacks at its end, also when an exception passes.
 class Machine::Entry {
  public:
   explicit Entry(Machine& machine)

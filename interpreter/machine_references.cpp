@@ -96,8 +96,8 @@ Machine::Step Machine::FollowOn() {
   return Deliver(std::move(answer));
 }
 
-// Hands the answer to whoever asked. It is kept unless it was made by what gives something else
-// each time, or what it read changed meanwhile.
+// Passes the answer to the frame that asked. It is kept unless something impure was called, or what
+// was read has changed meanwhile.
 Machine::Step Machine::Deliver(Answer answer) {
   const CellPtr cell = Top().cell;
   const bool is_impure = Top().is_impure;

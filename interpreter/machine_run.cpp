@@ -1,13 +1,13 @@
-// The loop over instructions. What is usual stands in the loop: numbers, and symbols that hold
-// some. All else goes through RunSlowly, whose steps may begin again once a reference is evaluated.
+// The loop over instructions. Numbers, and symbols that hold numbers, are handled in the loop. All
+// else goes through RunSlowly, whose steps may start again once a reference is evaluated.
 #include "interpreter/machine_entry.h"
 #include "interpreter/messages.h"
 #include "interpreter/registries.h"
 
 namespace Quarn {
 
-// Runs what is usual, and cannot fail or wait: numbers, and symbols that hold some. Returns the
-// first instruction that is something else.
+// Runs instructions on numbers and on symbols that hold numbers, which cannot fail or wait. Returns
+// the first other one.
 inline const Instruction* Machine::RunNumbers(const Instruction* at, Frame& frame) {
   Cell* const reader = frame.reader;
   Operand* top = operands_.GetTop();
@@ -162,8 +162,8 @@ Machine::Step Machine::PushSymbol(const Instruction& instruction) {
   return WarnAboutSymbol();
 }
 
-// Will the symbol be an operand of an operator of numbers, before anything else is evaluated? Then
-// nobody can tell a reference from its number.
+// Will an operator on numbers take the symbol before anything else is evaluated? Then a reference
+// and its number cannot be told apart.
 bool Machine::IsAppliedAtOnce(const Instruction& instruction) const {
   if (instruction.code == Code::kBinaryName) {
     return registries_.GetOnNumbers(instruction.op) && operands_[0].IsNumber();
@@ -173,8 +173,8 @@ bool Machine::IsAppliedAtOnce(const Instruction& instruction) const {
          registries_.GetOnNumbers(next.op);
 }
 
-// Will a list be an operand of what takes operands as they are, and looks at neither their names
-// nor who else has them?
+// Will an operator take the list that looks at neither its name nor its owners? Then it need not be
+// copied.
 bool Machine::IsLookedAtOnly(const Symbol& object, const Instruction& next) const {
   if (next.code != Code::kBinaryNumber || object.GetKind() != Symbol::Kind::kList) return false;
   const RegisteredBinary* entry = registries_.FindBinary(next.op, true, false);

@@ -8,11 +8,11 @@
 namespace Quarn {
 namespace {
 
-// So many numbers may wait, and so many steps are done without asking who may end them.
+// The most numbers that wait, and the most steps without a check for interruptions.
 constexpr std::size_t kMostWaiting = 32;
 constexpr std::size_t kMostSteps = 1000;
 
-// The place of a body among those of the arithmetic that everybody knows.
+// The place of a body among those of plain arithmetic.
 constexpr BinaryOnNumbers kArithmetic[] = {Add, Subtract, Multiply, Divide};
 std::ptrdiff_t FindArithmetic(BinaryOnNumbers body) {
   return std::find(std::begin(kArithmetic), std::end(kArithmetic), body) - kArithmetic;

@@ -43,7 +43,7 @@ class Operand {
   // REQUIRES, for these two: it is a number; it is none.
   double GetNumber() const { return number_; }
   const s_refptr<Symbol>& GetValue() const { return value_; }
-  // Keeps an object as it is, so that nobody can tell it from itself.
+  // Keeps the object itself, even if it is a number.
   void SetObject(s_refptr<Symbol> value) { value_ = std::move(value); }
   // REQUIRES: it is a number, and stays one.
   void SetNumber(double number) { number_ = number; }

@@ -17,7 +17,7 @@ struct OperatorPriority {
   unsigned int priority;
 };
 
-// The table; what is remembered of operators goes by their places in it.
+// The table. Operators are known by their places in it.
 inline constexpr OperatorPriority kPriorities[] = {
     {"[]", 5}, // indexing; only ever applied to what stands before and inside the brackets
     {"!",  4},

@@ -23,7 +23,7 @@ struct TypeRow;
 // Operands are pushed on the machine's operand stack; operators take theirs from there.
 enum class Code : std::uint8_t {
   kEnd,            // of the program, or of the part of it that was read so far
-  kFail,           // a mistake of form, exactly where the evaluation meets it
+  kFail,           // a syntax error, where the evaluation meets it
   kNumber,         // pushes a number
   kSymbol,         // pushes a copy of a symbol that is looked up by its text
   kName,           // the same, known by its place in the symbol table
@@ -40,7 +40,7 @@ enum class Code : std::uint8_t {
   kNumberElement,  // adds a number to the list
   kEndList,        // pushes the value of the list
   kCall,           // replaces the arguments of a function
-  kPause,          // stands among many instructions, so that what runs them can be stopped
+  kPause,          // after many instructions: checks for limits and interruptions
 };
 
 struct Part {
@@ -72,7 +72,7 @@ struct Program {
   // the evaluation, a literal or symbol bears its name already, a function's result keeps its own.
   enum class Root : std::uint8_t { kOperation, kLeaf, kCall };
 
-  // What most programs do without.
+  // What few programs need.
   struct Extra {
     std::vector<const TypeRow*> types;  // of literals
     // Of kFail, which is always the last instruction.
@@ -97,7 +97,7 @@ struct Program {
     root = Root::kOperation;
     if (extra) extra->Clear();
   }
-  // Gives back the names and cells that the instructions hold, and makes it empty.
+  // Releases the names and cells that the instructions hold, and makes it empty.
   void Release(SymbolTable& names);
 
   std::vector<Instruction> code;

@@ -3,10 +3,10 @@
 //
 // The meaning of an expression is a recursion: cut the text at its top level, split it at the
 // operator of lowest priority (the rightmost among equals), evaluate both sides, apply. The reader
-// goes once from left to right and comes to the same: an operator is pending until one follows that
-// binds no tighter, or the end. So at most one operator of each priority is pending at a level, and
-// a mistake of form becomes an instruction at the very place where the recursion would meet it.
-// Since nothing after it is ever evaluated, reading ends there.
+// goes once from left to right and gives the same result: an operator is pending until one follows
+// that binds no tighter, or the end. So at most one operator of each priority is pending at a
+// level, and a mistake of form becomes an instruction at the very place where the recursion would
+// meet it. Since nothing after it is ever evaluated, reading ends there.
 //
 // Levels (parentheses, arguments, elements, an indexed object and its index) are kept on an
 // explicit stack, and the text is never copied: any nesting is read in linear time.
@@ -89,7 +89,7 @@ struct ReadOptions {
   bool is_leaf = false;
   // Where symbols are looked up when the program is kept; they then become kName.
   SymbolTable* names = nullptr;
-  // So many levels are too many.
+  // The most levels of brackets.
   std::uint64_t nesting = Limits::kNone;
   // The stretch of the text that is read, and the index of the brackets of all of it. Without one,
   // the whole text is read.

@@ -1,4 +1,4 @@
-// Registries are what the types of a State handed over, and the indexes by which an evaluation
+// Registries hold what the types of a State registered, and the indexes by which an evaluation
 // finds it. An entry for the same key takes the place of an earlier one.
 #pragma once
 

@@ -67,8 +67,8 @@ struct FunctionOnNumbers {
   BinaryOnNumbers of_two = nullptr;
 };
 
-// What is called gives the same for the same, and does nothing beside: a reference that called it
-// may keep its value until something that it read changes.
+// Pure: the same result for the same arguments, and no side effects. A reference that called it may
+// keep its value until something that it read changes.
 enum class Purity : bool { kImpure, kPure };
 
 // A type, for State::AddType.
@@ -117,7 +117,7 @@ struct FunctionRow {
   Purity purity = Purity::kImpure;
 };
 
-// A callable as it is kept, with what its row says of it.
+// A registered callable, with the purity of its row.
 struct RegisteredUnary {
   UnaryOperator body;
   UnaryOnNumbers on_numbers;

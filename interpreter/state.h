@@ -45,7 +45,7 @@ class MIRLOW_API State {
   // Where in that line the last failure of an expression came to light; all of it is 0 when none
   // has a place.
   Place GetFailurePlace() const;
-  // Writes out what was printed so far: for work that may never come back.
+  // Flushes what was printed so far: for work that may never return.
   void Flush();
   void PrintHelp();
 

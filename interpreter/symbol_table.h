@@ -1,7 +1,7 @@
 // SymbolTable holds the values that the user named, and the last result under "_". Looked up far
 // more often than walked, it is a hash table; GetNames sorts when asked. A number is kept without
-// an object until somebody asks for one. Whoever read a name hears of its changes, also while it
-// has no value: a Name exists as long as it has a value or a program uses it.
+// an object until somebody asks for one. The cells that read a name are told of its changes, also
+// while it has no value: a Name exists as long as it has a value or a program uses it.
 #pragma once
 
 #include <cstdint>

@@ -19,8 +19,8 @@ char* WriteOrdinary(char* out, double value);
 // 2^53 without the point. NaN for any other text.
 s_double ReadOrdinary(std::string_view text);
 
-// The number that these digits are with so many of them behind the full stop; NaN for one above
-// 2^53 without the full stop.  REQUIRES: 0 <= decimals <= 22.
+// digits / 10^decimals, correctly rounded; NaN for digits above 2^53.
+// REQUIRES: 0 <= decimals <= 22.
 inline double MakeOrdinary(std::uint64_t digits, int decimals) {
   // All powers of ten that a double holds exactly; the quotient of two exact doubles is rounded
   // once.

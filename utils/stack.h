@@ -1,5 +1,4 @@
-// Stack is storage for what is pushed and popped all the time. Nothing is checked: who uses it
-// knows how much there is.
+// Stack is a stack without checks, for values that are pushed and popped all the time.
 //   Stack<double> operands;
 //   operands.Push(0.5);
 //   double top = operands[0];
