@@ -36,7 +36,7 @@ bool Machine::Evaluate(std::string_view text, const s_str& name, bool allows_new
         program.root = root;
         continue;
       }
-      result.value = operands_.Pop();
+      result.value = std::move(operands_[0]);
       result.is_named = program.root != Program::Root::kCall;
       if (program.root == Program::Root::kOperation && !result.value.IsNumber() &&
           !name.IsEmpty()) {

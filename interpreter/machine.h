@@ -196,7 +196,8 @@ class Machine {
   Step Binary(std::size_t op);
   const RegisteredBinary* FindCommon(std::size_t op, const Operand& left,
                                      const Operand& right) const;
-  Step Invoke(const RegisteredBinary& entry, Operand left, Operand right);
+  // Uses the operands up.
+  Step Invoke(const RegisteredBinary& entry, Operand& left, Operand& right);
   Step Unary(Code kind, std::size_t op);
   Step Call(const Instruction& instruction);
   bool CallOnNumbers(const Instruction& instruction, Frame& frame);

@@ -24,7 +24,8 @@ Machine::Step Machine::Binary(std::size_t op) {
   if (Top().description) return Describe(op, Code::kBinary, false);
   if (const RegisteredBinary* entry = FindCommon(op, operands_[1], operands_[0])) {
     Operand right = operands_.Pop();
-    return Invoke(*entry, operands_.Pop(), std::move(right));
+    Operand left = operands_.Pop();
+    return Invoke(*entry, left, right);
   }
   const Registries::ByLeft* by_left = registries_.FindBinary(GetOp(op));
   if (!by_left) return Describe(op, Code::kBinary, false);
@@ -62,7 +63,8 @@ Machine::Step Machine::Binary(std::size_t op) {
   const RegisteredBinary* entry = FindType(*by_right, right_type);
   if (!entry) return Describe(op, Code::kBinary, false);
   operands_.Drop(2);
-  return Invoke(*entry, std::exchange(Top().value, Operand()), std::move(right));
+  Operand left = std::exchange(Top().value, Operand());
+  return Invoke(*entry, left, right);
 }
 
 // The implementation between numbers and lists; null when an operand is neither.
@@ -76,7 +78,7 @@ const RegisteredBinary* Machine::FindCommon(std::size_t op, const Operand& left,
 }
 
 // The implementation may register another in its own place while it runs, so it is copied.
-Machine::Step Machine::Invoke(const RegisteredBinary& entry, Operand left, Operand right) {
+Machine::Step Machine::Invoke(const RegisteredBinary& entry, Operand& left, Operand& right) {
   if (entry.purity == Purity::kImpure) Top().is_impure = true;
   if (const BinaryOnOperands on_operands = entry.on_operands) {
     std::optional<Operand> result = on_operands(state_, left, right, GetError());

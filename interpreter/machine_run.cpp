@@ -146,17 +146,18 @@ Machine::Step Machine::PushSymbol(const Instruction& instruction) {
     operands_.Push(name->number);
     return Step::kNext;
   }
-  const s_refptr<Symbol> object = name->object;
-  if (IsFreshNumber(*object) && IsAppliedAtOnce(instruction)) {
-    Cell& cell = *Quarn::GetCell(*object);
+  if (IsFreshNumber(*name->object) && IsAppliedAtOnce(instruction)) {
+    Cell& cell = *Quarn::GetCell(*name->object);
     if (Top().reader) cell.readers.Add(*Top().reader);
     operands_.Push(cell.answer.value.GetNumber());
     return Step::kNext;
   }
-  if (IsLookedAtOnly(*object, (&instruction)[1])) {
-    operands_.Push().SetObject(object);
+  if (IsLookedAtOnly(*name->object, (&instruction)[1])) {
+    operands_.Push().SetObject(name->object);
     return Step::kNext;
   }
+  // Kept, since a type's Clone may give the name another value.
+  const s_refptr<Symbol> object = name->object;
   operands_.Push(Operand::CopyOf(*object));
   if (!instruction.is_whole || Top().name->IsEmpty()) return Step::kNext;
   return WarnAboutSymbol();

@@ -106,7 +106,9 @@ std::size_t WrapIndex(double index, std::size_t size) {
   if (std::isnan(index)) return 0;
   // The remainder is exact, however large the number.
   const auto length = static_cast<double>(size);
-  const double remainder = std::fmod(std::round(index), length);
+  const double rounded = std::round(index);
+  if (rounded >= 0 && rounded < length) return static_cast<std::size_t>(rounded);
+  const double remainder = std::fmod(rounded, length);
   return static_cast<std::size_t>(remainder < 0 ? remainder + length : remainder);
 }
 
@@ -194,7 +196,9 @@ std::optional<Operand> SelectOperand(State& state, const Operand& vector, const 
     AddError(error, messages::EndlessIndex());
     return {};
   }
-  const Operand element = elements[WrapIndex(number, elements.GetSize())];
+  const std::size_t place = WrapIndex(number, elements.GetSize());
+  if (elements.AreNumbers()) return Operand(elements.GetNumbers()[place]);
+  const Operand element = elements[place];
   return element.IsNumber() ? element : Operand::CopyOf(*element.GetValue());
 }
 
