@@ -25,8 +25,7 @@ struct Core;
 
 class MIRLOW_API State {
  public:
-  // Prints to standard output and reads from standard input, or does so with streams that must
-  // outlive it.
+  // Prints to standard output and reads standard input, or uses streams that must outlive it.
   State();
   State(std::ostream& out, std::istream& in);
   State(const State&) = delete;
@@ -37,15 +36,13 @@ class MIRLOW_API State {
 
   // Carries out the commands of a line, which ";" separates, and prints what they have to say. A
   // command that fails prints its error and changes nothing; the next one is taken all the same.
-  // What is printed may stay in the stream's buffer.
   void ProcessLine(const s_str& line);
   // The first failure of that line, with its place in the line and the text that was printed; its
   // kind is kNone when no command failed. Valid until the next line.
   const Result& GetFailure() const;
-  // Where in that line the last failure of an expression came to light; all of it is 0 when none
-  // has a place.
+  // The place of the last failure of an expression in that line; all of it is 0 when there is none.
   Place GetFailurePlace() const;
-  // Flushes what was printed so far: for work that may never return.
+  // What is printed may stay in the stream's buffer until then.
   void Flush();
   void PrintHelp();
 
@@ -77,8 +74,7 @@ class MIRLOW_API State {
   // Ends the evaluation or the line under way, with an error; without one it does nothing. From any
   // thread, and from signal handlers.
   void Interrupt();
-  // For operators and functions that take long: counts steps of the evaluation under way. When
-  // false, that is to end: return a failure.
+  // Counts steps of an operator or function that takes long; when false, return a failure.
   bool Spend(std::uint64_t steps);
 
   // ---- Expressions ----
@@ -128,7 +124,6 @@ class MIRLOW_API State {
   // Written after their operand: a!.
   void AddLeftUnary(std::initializer_list<UnaryRow> rows);
   void AddFunctions(std::initializer_list<FunctionRow> rows);
-  // One name may carry several lists of argument types.
   void AddFunction(const s_str& name, const s_ctnr<s_str>& argument_types, Function body);
 
   // ---- What it holds ----
