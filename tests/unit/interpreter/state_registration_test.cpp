@@ -143,17 +143,17 @@ TEST(RegistrationDeathTest, AnOperatorThatTheLanguageDoesNotHaveIsAMistake) {
     EXPECT_DEBUG_DEATH(state.AddBinary({
                            {"Scalar", op, "Scalar", join}
     }),
-                       "IsOperator")
+                       "op < kOperators")
         << op;
     EXPECT_DEBUG_DEATH(state.AddLeftUnary({
                            {op, "Scalar", turn}
     }),
-                       "IsOperator")
+                       "op < kOperators")
         << op;
     EXPECT_DEBUG_DEATH(state.AddRightUnary({
                            {op, "Scalar", turn}
     }),
-                       "IsOperator")
+                       "op < kOperators")
         << op;
   }
   state.AddBinary({
