@@ -52,8 +52,9 @@ std::mutex& GetMutex() {
   return mutex;
 }
 #else
-// Guards left_behind. Never destroyed, since a thread may end after static destruction; and made by
-// the compiler, since a host's thread sanitizer does not see who was first to make it here.
+// Guards what all threads share. Never destroyed, since a thread may end after static destruction;
+// and made by the compiler, since a host's thread sanitizer does not see who was first to make it
+// here.
 union Forever {
   constexpr Forever() : mutex() {}
   ~Forever() {}  // NOLINT(modernize-use-equals-default): a union has no other

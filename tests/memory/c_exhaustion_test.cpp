@@ -4,24 +4,15 @@
 #include <mirlow/mirlow.h>
 
 #include <functional>
-#include <memory>
 #include <string>
 
 #include "tests/memory/scarce_memory.h"
+#include "tests/support/c_handles.h"
 #include "tests/support/sanitizers.h"
 #include "utils/pool.h"
 
 namespace Quarn {
 namespace {
-
-struct Free {
-  void operator()(mirlow_state* state) const { mirlow_free(state); }
-  void operator()(mirlow_value* value) const { mirlow_release(value); }
-  void operator()(mirlow_expression* expression) const { mirlow_free_expression(expression); }
-  void operator()(mirlow_variable* variable) const { mirlow_free_variable(variable); }
-};
-template <class Handle>
-using Ptr = std::unique_ptr<Handle, Free>;
 
 // Too long for a text that needs no memory.
 constexpr char kName[] = "anamethatistoolongforanysmalltext";

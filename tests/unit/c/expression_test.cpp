@@ -3,20 +3,14 @@
 #include <mirlow/mirlow.h>
 
 #include <cmath>
-#include <memory>
 #include <string>
 #include <vector>
 
+#include "tests/support/c_handles.h"
+
 namespace {
 
-struct Free {
-  void operator()(mirlow_state* state) const { mirlow_free(state); }
-  void operator()(mirlow_value* value) const { mirlow_release(value); }
-  void operator()(mirlow_expression* expression) const { mirlow_free_expression(expression); }
-  void operator()(mirlow_variable* variable) const { mirlow_free_variable(variable); }
-};
-template <class Handle>
-using Ptr = std::unique_ptr<Handle, Free>;
+using Quarn::Ptr;
 
 class ExpressionInC : public testing::Test {
  protected:
