@@ -24,6 +24,14 @@ bool IsExponent(const char* at, const char* end) {
   return at == end;
 }
 
+// Adds the digits of a text to a number, and returns the end of them.
+const char* ReadDigits(const char* at, const char* last, std::uint64_t& number) {
+  for (; at != last && IsDigit(*at); ++at) {
+    number = number * 10 + static_cast<unsigned char>(*at - '0');
+  }
+  return at;
+}
+
 }  // namespace
 
 NumberPrefix ReadNumberPrefix(const char* begin, const char* end) {
@@ -31,19 +39,17 @@ NumberPrefix ReadNumberPrefix(const char* begin, const char* end) {
   constexpr std::ptrdiff_t kMostCharacters = 19;
   const char* last = end - begin > kMostCharacters ? begin + kMostCharacters : end;
   std::uint64_t digits = 0;
-  const char* point = nullptr;
-  const char* at = begin;
-  for (; at != last; ++at) {
-    if (IsDigit(*at)) {
-      digits = digits * 10 + static_cast<unsigned char>(*at - '0');
-    } else if (*at == '.' && !point) {
-      point = at;
-    } else {
-      break;
-    }
+  const char* at = ReadDigits(begin, last, digits);
+  std::ptrdiff_t decimals = 0;
+  std::ptrdiff_t count = at - begin;
+  if (at != last && *at == '.') {
+    const char* const fraction = at + 1;
+    at = ReadDigits(fraction, last, digits);
+    decimals = at - fraction;
+    count += decimals;
   }
-  if ((at == last && last != end) || at - begin == (point ? 1 : 0)) return {nullptr, 0};
-  const double number = MakeOrdinary(digits, point ? static_cast<int>(at - point - 1) : 0);
+  if (count == 0 || (at == last && last != end)) return {nullptr, 0};
+  const double number = MakeOrdinary(digits, static_cast<int>(decimals));
   return {std::isnan(number) ? nullptr : at, number};
 }
 

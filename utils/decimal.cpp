@@ -1,10 +1,9 @@
 #include "utils/decimal.h"
 
-#include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <iterator>
 #include <limits>
 
 #include "utils/wide.h"
@@ -38,12 +37,6 @@ constexpr std::uint64_t kPowersOfTen[] = {
 };
 constexpr std::uint64_t kLeast15Digits = kPowersOfTen[kDigits - 1];
 
-// The powers of ten that a double holds exactly: a quotient of two exact doubles is rounded once.
-constexpr double kExactPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                        1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                        1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr int kLargestExactPower = 22;
-constexpr std::uint64_t kLargestExactWhole = std::uint64_t{1} << 53;
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
 // With leading zeros.
@@ -101,25 +94,44 @@ Rounded RoundTo15Digits(double value) {
   return RoundTo15Digits(m, kFractionBits - power, guess);
 }
 
+// The eight digits of a number below 10^8, one in each byte, the last one in the highest: all at
+// once, first as two numbers of four digits, then four of two. The factors divide by 100 and 10.
+constexpr std::uint64_t SpreadDigits(std::uint64_t value) {
+  const std::uint64_t fours = value / 10000 | (value % 10000) << 32;
+  const std::uint64_t hundreds = (fours * 10486 >> 20) & 0x0000'007F'0000'007F;
+  const std::uint64_t twos = hundreds | (fours - 100 * hundreds) << 16;
+  const std::uint64_t tens = (twos * 103 >> 10) & 0x000F'000F'000F'000F;
+  return tens | (twos - 10 * tens) << 8;
+}
+static_assert(SpreadDigits(90'070'050) == 0x0005'0000'0700'0009);
+
+void WriteSpread(char* out, std::uint64_t digits) {
+  digits |= 0x3030'3030'3030'3030;  // '0' in each byte
+  if constexpr (std::endian::native == std::endian::big) digits = __builtin_bswap64(digits);
+  std::memcpy(out, &digits, sizeof digits);
+}
+
+// Writes 15 digits wherever they are shorter than that: there is room, and no branch.
 char* WriteFixed(char* out, const Rounded& number) {
-  // Drop trailing zeros, except before the point.
-  std::uint64_t significant = number.digits;
-  int count = kDigits;
-  for (; significant % 100 == 0; count -= 2) significant /= 100;
-  for (; significant % 10 == 0; --count) significant /= 10;
-  char digits[kDigits + 1] = "000000000000000";
-  WriteDigits(digits, significant, count);
+  constexpr std::uint64_t kHalf = kPowersOfTen[8];
+  const std::uint64_t high = SpreadDigits(number.digits / kHalf);
+  const std::uint64_t low = SpreadDigits(number.digits % kHalf);
+  // Without the zeros at the end.
+  const int count = low ? 15 - std::countl_zero(low) / 8 : 7 - std::countl_zero(high) / 8;
+  char text[2 * (kDigits + 1)] = {};
+  WriteSpread(text, high);
+  WriteSpread(text + 8, low);
+  const char* const digits = text + 1;    // the first of 16 is 0
   const int whole = number.exponent + 1;  // digits before the point
   if (whole <= 0) {
-    std::fill_n(out, 2 - whole, '0');
-    out[1] = '.';
-    std::memcpy(out + 2 - whole, digits, static_cast<std::size_t>(count));
+    std::memcpy(out, "0.000", 5);
+    std::memcpy(out + 2 - whole, digits, kDigits);
     return out + 2 - whole + count;
   }
   std::memcpy(out, digits, kDigits);
   if (count <= whole) return out + whole;
   out[whole] = '.';
-  std::memcpy(out + whole + 1, digits + whole, static_cast<std::size_t>(count - whole));
+  std::memcpy(out + whole + 1, digits + whole, kDigits);
   return out + count + 1;
 }
 
@@ -157,12 +169,9 @@ s_double ReadOrdinary(std::string_view text) {
       return kNoNumber;
     }
   }
-  if (whole > kLargestExactWhole || (point && end - begin == 1)) return kNoNumber;
-  auto size = static_cast<double>(whole);
-  if (point) size /= kExactPowersOfTen[end - point - 1];
+  if (point && end - begin == 1) return kNoNumber;
+  const double size = MakeOrdinary(whole, point ? static_cast<int>(end - point - 1) : 0);
   return negative ? -size : size;
 }
-
-static_assert(kLargestExactPower + 1 == std::size(kExactPowersOfTen) && kLargestExactPower >= 18);
 
 }  // namespace Quarn
