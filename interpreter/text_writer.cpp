@@ -33,12 +33,20 @@ void TextWriter::AppendList(std::string_view open, const s_refptr<Elements>& ele
   text_.Append(close);
 }
 
+// Room for one text after the other would take as long as writing it.
 void TextWriter::AppendNumbers(std::span<const double> numbers, std::string_view separator) {
-  constexpr std::size_t kBlock = 1024;
-  for (std::size_t i = 0; i < numbers.size(); ++i) {
-    if (i % kBlock == 0 && !FitsLimits(std::min(kBlock, numbers.size() - i))) return;
-    if (i > 0) text_.Append(separator);
-    AppendNumber(numbers[i]);
+  constexpr std::size_t kWritten = 16;
+  constexpr std::size_t kChecked = 64 * kWritten;
+  for (std::size_t i = 0; i < numbers.size(); i += kWritten) {
+    if (i % kChecked == 0 && !FitsLimits(std::min(kChecked, numbers.size() - i))) return;
+    const std::size_t count = std::min(kWritten, numbers.size() - i);
+    text_.AppendInPlace(count * (separator.size() + kNumberRoom), [&](char* at) {
+      for (std::size_t j = i; j < i + count; ++j) {
+        if (j > 0) at = std::copy(separator.begin(), separator.end(), at);
+        at = WriteDouble(at, numbers[j]);
+      }
+      return at;
+    });
   }
 }
 

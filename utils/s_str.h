@@ -64,6 +64,16 @@ class s_str_t {
     }
     return *this;
   }
+  // Appends what is written into room for so many characters, and returns its end.
+  //   text.AppendInPlace(2, [](char* at) { *at = 'x'; return at + 1; });
+  template <class Write>
+  s_str_t& AppendInPlace(std::size_t room, const Write& write) {
+    const std::size_t size = text_.size();
+    text_.resize(size + room);
+    const T* end = write(text_.data() + size);
+    text_.resize(static_cast<std::size_t>(end - text_.data()));
+    return *this;
+  }
   s_str_t& operator+=(T character) { return Append(character); }
   s_str_t& operator+=(std::same_as<char> auto character) { return Append(character); }
   s_str_t& operator+=(const s_str_t& text) { return Append(text.GetView()); }

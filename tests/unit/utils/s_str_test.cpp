@@ -86,6 +86,20 @@ TYPED_TEST(SStr, Concatenates) {
   EXPECT_EQ(Dump(a), "ab");
 }
 
+TYPED_TEST(SStr, IsWrittenInPlace) {
+  using Str = s_str_t<TypeParam>;
+  Str text("ab");
+  text.AppendInPlace(100, [](TypeParam* at) {
+    for (char c : {'c', 'd', 'e'}) *at++ = static_cast<TypeParam>(c);
+    return at;
+  });
+  EXPECT_EQ(Dump(text), "abcde");
+  text.AppendInPlace(0, [](TypeParam* at) { return at; }).AppendInPlace(1, [](TypeParam* at) {
+    return at;
+  });
+  EXPECT_EQ(Dump(text), "abcde");
+}
+
 TYPED_TEST(SStr, ComparesExactly) {
   using Str = s_str_t<TypeParam>;
   const struct {
