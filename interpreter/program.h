@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "interpreter/embedding.h"
+#include "utils/pool_allocator.h"
 #include "utils/s_str.h"
 
 namespace Quarn {
@@ -100,7 +101,7 @@ struct Program {
   // Releases the names and cells that the instructions hold, and makes it empty.
   void Release(SymbolTable& names);
 
-  std::vector<Instruction> code;
+  std::vector<Instruction, PoolAllocator<Instruction>> code;
   std::unique_ptr<Extra> extra;
   Root root = Root::kOperation;
 };

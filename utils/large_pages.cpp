@@ -1,23 +1,38 @@
 #include "utils/large_pages.h"
 
+#include <new>
+
 #if defined(__linux__)
 #include <sys/mman.h>
 #endif
-
-#include <memory>
 
 namespace Quarn {
 
 #if defined(__linux__)
 
-void UseLargePages(void* storage, std::size_t bytes) noexcept {
-  if (!std::align(kLargePage, kLargePage, storage, bytes)) return;
+namespace {
+
+constexpr std::align_val_t kAlignment{kLargePage};
+
+}  // namespace
+
+void* AllocateLarge(std::size_t bytes) {
+  if (bytes < kLargePage) return ::operator new(bytes);
+  void* storage = ::operator new(bytes, kAlignment);
+  // Where there are no large pages, nothing changes.
   madvise(storage, bytes - bytes % kLargePage, MADV_HUGEPAGE);
+  return storage;
+}
+
+void FreeLarge(void* storage, std::size_t bytes) noexcept {
+  bytes < kLargePage ? ::operator delete(storage) : ::operator delete(storage, kAlignment);
 }
 
 #else
 
-void UseLargePages(void*, std::size_t) noexcept {}
+void* AllocateLarge(std::size_t bytes) { return ::operator new(bytes); }
+
+void FreeLarge(void* storage, std::size_t) noexcept { ::operator delete(storage); }
 
 #endif
 

@@ -94,10 +94,10 @@ struct AtThreadExit {
 
 constexpr std::size_t Index(std::size_t size) { return (size - 1) / kStep; }
 
-// Where slabs come from once there are many. Most of it lies in large pages.
+// Where slabs come from once there are many: storage in large pages.
 struct Chunk {
   static constexpr std::size_t kBytes = 4 * kLargePage;
-  static constexpr std::size_t kSlabsBefore = 256;
+  static constexpr std::size_t kSlabsBefore = 64;
 
   char* rest = nullptr;
   std::size_t bytes_left = 0;
@@ -109,9 +109,8 @@ char* NewSlab() {
   const std::lock_guard lock(GetMutex());
   if (++chunk.slabs <= Chunk::kSlabsBefore) return static_cast<char*>(::operator new(kSlabBytes));
   if (chunk.bytes_left == 0) {
-    chunk.rest = static_cast<char*>(::operator new(Chunk::kBytes));
+    chunk.rest = static_cast<char*>(AllocateLarge(Chunk::kBytes));
     chunk.bytes_left = Chunk::kBytes;
-    UseLargePages(chunk.rest, Chunk::kBytes);
   }
   chunk.bytes_left -= kSlabBytes;
   return std::exchange(chunk.rest, chunk.rest + kSlabBytes);
@@ -134,7 +133,7 @@ Block* Take(std::size_t index) {
 
 [[gnu::noinline]] void* AllocateFresh(std::size_t size) {
   const std::size_t index = Index(size);
-  if (!kPooled || index >= kSizes) return ::operator new(size);
+  if (!kPooled || index >= kSizes) return AllocateLarge(size);
   static thread_local AtThreadExit at_thread_exit;
   if (!lists.free[index]) CutSlab(index);
   return Take(index);
@@ -150,7 +149,7 @@ void* Pool::Allocate(std::size_t size) {
 
 void Pool::Free(void* block, std::size_t size) noexcept {
   const std::size_t index = Index(size);
-  if (!kPooled || index >= kSizes) return ::operator delete(block);
+  if (!kPooled || index >= kSizes) return FreeLarge(block, size);
   if (block) lists.free[index] = new (block) Block{lists.free[index]};
 }
 

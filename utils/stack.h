@@ -54,7 +54,7 @@ class Stack {
   // Drops everything, and the storage.
   void GiveBack() {
     Shrink(0);
-    if (begin_) std::allocator<T>().deallocate(begin_, static_cast<std::size_t>(limit_ - begin_));
+    FreeLarge(begin_, GetBytesKept());
     begin_ = end_ = limit_ = nullptr;
   }
 
@@ -62,8 +62,7 @@ class Stack {
   void Grow() {
     const std::size_t size = GetSize();
     const std::size_t capacity = std::max<std::size_t>(2 * size, 16);
-    T* begin = std::allocator<T>().allocate(capacity);
-    UseLargePages(begin, capacity * sizeof(T));
+    T* begin = static_cast<T*>(AllocateLarge(capacity * sizeof(T)));
     std::uninitialized_move(begin_, end_, begin);
     GiveBack();
     begin_ = begin;

@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "utils/pool_allocator.h"
 #include "utils/text_hash.h"
 
 namespace Quarn {
@@ -56,7 +57,7 @@ class TextTable {
   }
   // Gives storage back if nothing is left.
   void ShrinkIfEmpty() {
-    if (size_ == 0) slots_ = std::vector<Slot>(kFewest);
+    if (size_ == 0) slots_ = Slots(kFewest);
   }
 
  private:
@@ -67,6 +68,7 @@ class TextTable {
     Entry* entry = nullptr;
     std::uint32_t hash = 0;
   };
+  using Slots = std::vector<Slot, PoolAllocator<Slot>>;
 
   std::size_t Next(std::size_t slot) const { return (slot + 1) & (slots_.size() - 1); }
 
@@ -77,7 +79,7 @@ class TextTable {
   }
 
   void Grow() {
-    std::vector<Slot> slots(2 * slots_.size());
+    Slots slots(2 * slots_.size());
     slots_.swap(slots);
     for (const Slot& slot : slots) {
       if (slot.entry) Put(slot);
@@ -97,7 +99,7 @@ class TextTable {
   }
 
   TextHash hash_;
-  std::vector<Slot> slots_ = std::vector<Slot>(kFewest);  // a power of two, a quarter of them free
+  Slots slots_ = Slots(kFewest);  // a power of two, a quarter of them free
   std::size_t size_ = 0;
 };
 

@@ -10,6 +10,7 @@ namespace {
 struct alignas(std::max_align_t) Header {
   std::size_t size;
 };
+static_assert(sizeof(Header) == alignof(Header));
 
 constexpr std::size_t kSlabBytes = 4096;
 constexpr std::size_t kChunkBytes = 8U << 20;  // of slabs
@@ -27,20 +28,23 @@ void Count(std::size_t size, long blocks) {
   bytes += blocks * static_cast<long>(size);
 }
 
-void* Allocate(std::size_t size) {
+// The block begins at a multiple of the alignment, and so far into what the system gives.
+// REQUIRES: an alignment of at least that of Header.
+void* Allocate(std::size_t size, std::size_t alignment = alignof(Header)) {
   if (is_counting && ++calls == failing_call) throw std::bad_alloc();
-  auto* header = static_cast<Header*>(std::malloc(sizeof(Header) + size));
-  if (!header) throw std::bad_alloc();
-  header->size = size;
+  const std::size_t whole = (alignment + size + alignment - 1) / alignment * alignment;
+  auto* begin = static_cast<char*>(std::aligned_alloc(alignment, whole));
+  if (!begin) throw std::bad_alloc();
+  char* block = begin + alignment;
+  reinterpret_cast<Header*>(block)[-1].size = size;
   Count(size, 1);
-  return header + 1;
+  return block;
 }
 
-void Free(void* block) {
+void Free(void* block, std::size_t alignment = alignof(Header)) {
   if (!block) return;
-  Header* header = static_cast<Header*>(block) - 1;
-  Count(header->size, -1);
-  std::free(header);
+  Count(static_cast<Header*>(block)[-1].size, -1);
+  std::free(static_cast<char*>(block) - alignment);
 }
 
 }  // namespace
@@ -70,3 +74,13 @@ void operator delete(void* block) noexcept { Quarn::Free(block); }
 void operator delete[](void* block) noexcept { Quarn::Free(block); }
 void operator delete(void* block, std::size_t) noexcept { Quarn::Free(block); }
 void operator delete[](void* block, std::size_t) noexcept { Quarn::Free(block); }
+
+void* operator new(std::size_t size, std::align_val_t alignment) {
+  return Quarn::Allocate(size, static_cast<std::size_t>(alignment));
+}
+void operator delete(void* block, std::align_val_t alignment) noexcept {
+  Quarn::Free(block, static_cast<std::size_t>(alignment));
+}
+void operator delete(void* block, std::size_t, std::align_val_t alignment) noexcept {
+  Quarn::Free(block, static_cast<std::size_t>(alignment));
+}
