@@ -25,7 +25,8 @@ void* AllocateLarge(std::size_t bytes) {
 }
 
 void FreeLarge(void* storage, std::size_t bytes) noexcept {
-  bytes < kLargePage ? ::operator delete(storage) : ::operator delete(storage, kAlignment);
+  if (bytes < kLargePage) return ::operator delete(storage);
+  ::operator delete(storage, kAlignment);
 }
 
 #else
