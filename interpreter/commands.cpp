@@ -60,7 +60,6 @@ class Commands::Line {
 
 void Commands::ProcessLine(std::string_view line) {
   Line current(*this, line.data());
-  last_place_ = {};
   Budget& budget = core_.machine.GetBudget();
   const Budget::Scope scope(budget);
   while (!line.empty() && !budget.IsInterrupted()) {
@@ -106,9 +105,8 @@ bool Commands::Evaluate(std::string_view expression, const s_str& name, bool all
                         Evaluated& result, s_str& error) {
   Diagnosis diagnosis;
   if (core_.machine.Evaluate(expression, name, allows_new, result, error, diagnosis)) return true;
-  last_place_ = diagnosis.place;
-  if (last_place_ != Place()) last_place_.position += FindPlace(expression).position;
-  KeepFailure(diagnosis.failure, error, last_place_);
+  if (diagnosis.place != Place()) diagnosis.place.position += FindPlace(expression).position;
+  KeepFailure(diagnosis.failure, error, diagnosis.place);
   return false;
 }
 

@@ -19,9 +19,8 @@ class Commands {
   Commands(Core& core, std::ostream& out, std::istream& in) : core_(core), out_(out), in_(in) {}
 
   void ProcessLine(std::string_view line);
-  // Of the last line: its first failure, and the place of the last one of an expression.
+  // The first one of the last line.
   const Result& GetFailure() const;
-  Place GetFailurePlace() const { return last_place_; }
   void Flush();
   void PrintHelp();
   // Makes "_" a null reference.
@@ -60,7 +59,6 @@ class Commands {
   s_str line_;  // of output, being composed
   Line* current_ = nullptr;
   std::unique_ptr<Result> failure_;  // null when there was none
-  Place last_place_;
 };
 
 }  // namespace Quarn

@@ -34,7 +34,6 @@ State::~State() = default;
 
 void State::ProcessLine(const s_str& line) { core_->commands.ProcessLine(line.GetView()); }
 const Result& State::GetFailure() const { return core_->commands.GetFailure(); }
-Place State::GetFailurePlace() const { return core_->commands.GetFailurePlace(); }
 
 void State::Flush() { core_->commands.Flush(); }
 void State::PrintHelp() { core_->commands.PrintHelp(); }

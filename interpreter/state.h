@@ -40,8 +40,6 @@ class MIRLOW_API State {
   // The first failure of that line, with its place in the line and the text that was printed; its
   // kind is kNone when no command failed. Valid until the next line.
   const Result& GetFailure() const;
-  // The place of the last failure of an expression in that line; all of it is 0 when there is none.
-  Place GetFailurePlace() const;
   // What is printed may stay in the stream's buffer until then.
   void Flush();
   void PrintHelp();

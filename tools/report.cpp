@@ -101,7 +101,7 @@ Report Describe(const State& state, std::string_view command, std::string_view o
       DescribeValue(state, command, output, report);
       break;
     case Kind::kError:
-      report.place = state.GetFailurePlace();
+      report.place = state.GetFailure().place;
       report.message = JoinLines(output);
       break;
     case Kind::kDeletion:

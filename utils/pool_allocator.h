@@ -17,7 +17,9 @@ struct PoolAllocator {
   explicit(false) PoolAllocator(const PoolAllocator<Other>&) noexcept {}
 
   T* allocate(std::size_t count) { return static_cast<T*>(Pool::Allocate(count * sizeof(T))); }
-  void deallocate(T* storage, std::size_t count) noexcept { Pool::Free(storage, count * sizeof(T)); }
+  void deallocate(T* storage, std::size_t count) noexcept {
+    Pool::Free(storage, count * sizeof(T));
+  }
 
   friend bool operator==(const PoolAllocator&, const PoolAllocator&) = default;
 };

@@ -80,7 +80,8 @@ TEST(JsonOutput, IsAnObjectForEachCommand) {
        R"("position":5,"length":2}})"
        "\n", 1},
       {"--json -e '?zz'",
-       R"({"kind":"error","error":{"message":"Unknown symbol 'zz'","file":"-e","line":1}})"
+       R"({"kind":"error","error":{"message":"Unknown symbol 'zz'","file":"-e","line":1,)"
+       R"("position":1,"length":2}})"
        "\n", 1},
       {"--json -e 'a;x=a'",
        R"({"kind":"definition","type":"Symbol","name":"a","value":null,"text":"a"})"

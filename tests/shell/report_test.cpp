@@ -54,11 +54,11 @@ TEST(Report, TellsWhatACommandDid) {
       {"a",          "x=a",         "warning||||Warning : 'Symbol=Symbol' does nothing"},
       {"",           "1+zz",        "error||||Error : Unknown symbol 'zz'|2+2"         },
       {"",           "x=zz",        "error||||Error : Unknown symbol 'zz'|2+2"         },
-      {"",           "?zz",         "error||||Error : Unknown symbol 'zz'"             },
+      {"",           "?zz",         "error||||Error : Unknown symbol 'zz'|1+2"         },
       {"",           "~x=1",
        "error||||Error : Only alphanumeric names are allowed for "
-       "symbols, in '~x'"                                                              },
-      {"",           "x:Nothing",   "error||||Error : Unknown type 'Nothing'"          },
+       "symbols, in '~x'|0+2"                                                          },
+      {"",           "x:Nothing",   "error||||Error : Unknown type 'Nothing'|2+7"      },
       {"",           "<1>+2",
        "error||||Error : No match for operator 'Vector + Scalar' in : "
        "<1> + 2|3+1"                                                                   },

@@ -166,27 +166,28 @@ TEST_F(FailureTest, OfALineHaveAPlaceInIt) {
       {"1+zz",         {2, 2} },
       {"x=2*yy",       {4, 2} },
       {"x=1; 1+zz",    {7, 2} },
-      {"zz+1;3*uu;4",  {7, 2} }, // the last one counts
-      {"1+zz;?no",     {2, 2} }, // a query has no place of its own
+      {"zz+1;3*uu;4",  {0, 2} }, // the first one counts
       {"// 1+zz;2*yy", {10, 2}},
       {"1+1",          {}     },
-      {"?no",          {}     },
+      {"1;?no",        {3, 2} },
       {"",             {}     },
   };
   for (const auto& row : kRows) {
     session_.Type(row.line);
-    EXPECT_EQ(session_.GetState().GetFailurePlace(), row.place) << row.line;
+    EXPECT_EQ(session_.GetState().GetFailure().place, row.place) << row.line;
   }
 }
 
 // A function that carries out a line of its own.
 TEST_F(FailureTest, HaveTheirPlaceAfterALineWithinTheLine) {
-  state_.AddFunction("typed", {""}, [](State& state, const Values&, Values&, s_str&) -> s_bool {
+  const auto type = [](State& state, const Values&, Values& results, s_str&) -> s_bool {
     state.ProcessLine("another line");
-    return false;
-  });
+    results.PushBack(FromNumber(1));
+    return true;
+  };
+  state_.AddFunction("typed", {""}, type);
   session_.Type("typed();1+zz");
-  EXPECT_EQ(state_.GetFailurePlace(), (Place{10, 2}));
+  EXPECT_EQ(state_.GetFailure().place, (Place{10, 2}));
 }
 
 }  // namespace
