@@ -2,6 +2,7 @@
 // the shell, from a script and through a pipe.
 //   play build/mirlow tests/transcripts/scalars/arithmetic.txt
 //   play --shell build/mirlow-shell docs/language.md
+//   play /usr/bin/qemu-aarch64 $PWD/build/mirlow docs/language.md
 #include <exception>
 #include <iostream>
 
@@ -19,7 +20,7 @@ std::vector<Page> ReadPages(const std::string& path) {
 
 struct Way {
   const char* name;
-  std::string (*play)(const std::string&, const Page&, std::chrono::milliseconds);
+  std::string (*play)(const Command&, const Page&, std::chrono::milliseconds);
 };
 using Ways = std::vector<Way>;
 
@@ -32,7 +33,7 @@ const Ways kShell = {
     {"through a pipe", PlayThroughPipe  }
 };
 
-bool Play(const Ways& ways, const std::string& program, const std::string& path, const Page& page) {
+bool Play(const Ways& ways, const Command& program, const std::string& path, const Page& page) {
   if (page.turns.empty()) {
     std::cout << path << ": a page without a word\n";
     return false;
@@ -47,7 +48,7 @@ bool Play(const Ways& ways, const std::string& program, const std::string& path,
   return plays;
 }
 
-int PlayAll(const Ways& ways, const std::string& program, const std::string& path) {
+int PlayAll(const Ways& ways, const Command& program, const std::string& path) {
   bool all_play = true;
   for (const Page& page : ReadPages(path)) {
     all_play = Play(ways, program, path, page) && all_play;
@@ -59,12 +60,13 @@ int PlayAll(const Ways& ways, const std::string& program, const std::string& pat
 }  // namespace Quarn
 
 int main(int count, char** values) {
-  const bool is_shell = count == 4 && std::string_view(values[1]) == "--shell";
-  if (count != 3 && !is_shell) {
-    std::cout << "usage: play [--shell] PROGRAM FILE\n";
+  const bool is_shell = count > 1 && std::string_view(values[1]) == "--shell";
+  const int first = is_shell ? 2 : 1;
+  if (count < first + 2) {
+    std::cout << "usage: play [--shell] PROGRAM... FILE\n";
     return 2;
   }
-  const char* program = values[count - 2];
+  const Quarn::Command program(values + first, values + count - 1);
   const char* path = values[count - 1];
   try {
     return Quarn::PlayAll(is_shell ? Quarn::kShell : Quarn::kCalculator, program, path);
