@@ -1,7 +1,8 @@
 // Plays the pages of a file, a transcript or a Markdown text, at the prompt and from a script; with
-// the shell, from a script and through a pipe.
+// the shell, from a script and through a pipe. --windows is for one that is run by wine.
 //   play build/mirlow tests/transcripts/scalars/arithmetic.txt
 //   play --shell build/mirlow-shell docs/language.md
+//   play --windows /usr/lib/wine/wine64 $PWD/build/mirlow.exe docs/language.md
 //   play /usr/bin/qemu-aarch64 $PWD/build/mirlow docs/language.md
 #include <exception>
 #include <iostream>
@@ -48,10 +49,31 @@ bool Play(const Ways& ways, const Command& program, const std::string& path, con
   return plays;
 }
 
-int PlayAll(const Ways& ways, const Command& program, const std::string& path) {
+struct Options {
+  bool is_shell = false;
+  bool is_windows = false;
+};
+
+// Takes them off the front of the arguments.
+Options TakeOptions(std::vector<std::string>& arguments) {
+  Options options;
+  for (; !arguments.empty(); arguments.erase(arguments.begin())) {
+    if (arguments.front() == "--shell") {
+      options.is_shell = true;
+    } else if (arguments.front() == "--windows") {
+      options.is_windows = true;
+    } else {
+      break;
+    }
+  }
+  return options;
+}
+
+int PlayAll(const Options& options, const Command& program, const std::string& path) {
   bool all_play = true;
   for (const Page& page : ReadPages(path)) {
-    all_play = Play(ways, program, path, page) && all_play;
+    const Page to_play = options.is_windows ? OnWindows(page) : page;
+    all_play = Play(options.is_shell ? kShell : kCalculator, program, path, to_play) && all_play;
   }
   return all_play ? 0 : 1;
 }
@@ -60,16 +82,16 @@ int PlayAll(const Ways& ways, const Command& program, const std::string& path) {
 }  // namespace Quarn
 
 int main(int count, char** values) {
-  const bool is_shell = count > 1 && std::string_view(values[1]) == "--shell";
-  const int first = is_shell ? 2 : 1;
-  if (count < first + 2) {
-    std::cout << "usage: play [--shell] PROGRAM... FILE\n";
+  std::vector<std::string> arguments(values + 1, values + count);
+  const Quarn::Options options = Quarn::TakeOptions(arguments);
+  if (arguments.size() < 2) {
+    std::cout << "usage: play [--shell] [--windows] PROGRAM... FILE\n";
     return 2;
   }
-  const Quarn::Command program(values + first, values + count - 1);
-  const char* path = values[count - 1];
+  const std::string path = arguments.back();
+  arguments.pop_back();
   try {
-    return Quarn::PlayAll(is_shell ? Quarn::kShell : Quarn::kCalculator, program, path);
+    return Quarn::PlayAll(options, arguments, path);
   } catch (const std::exception& error) {
     std::cout << path << ": " << error.what() << '\n';
     return 2;

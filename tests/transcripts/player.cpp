@@ -16,6 +16,12 @@ std::string Describe(const Turn& turn, const std::string& expected, const std::s
          "]\nprinted:\n[" + printed + "]\n";
 }
 
+bool IsRight(int status, Ending ending, int expected_status) {
+  if (ending == Ending::kDies) return status < 0;
+  if (ending == Ending::kFails) return status > 0;
+  return status == expected_status;
+}
+
 class Player {
  public:
   Player(const Command& command, const TemporaryDirectory& directory,
@@ -50,7 +56,7 @@ class Player {
       return;
     }
     const int status = process_.Wait();
-    if (page.ending == Ending::kDies ? status < 0 : status == expected_status) return;
+    if (IsRight(status, page.ending, expected_status)) return;
     difference_ = "it ended with " + std::to_string(status) + "\n";
   }
 

@@ -42,5 +42,19 @@ TEST(Player, PlaysAProgramThatAnotherOneStarts) {
   EXPECT_EQ(PlayAtPrompt(command, deadly), "");
 }
 
+// Where nothing dies by a signal, the program ends with another status than 0.
+TEST(Player, TellsFailingFromDyingAndFromQuitting) {
+  Page page = ReadPage("> 1\n\tScalar : 1\n");
+  const Command failing = {"/bin/sh", "-c", R"(printf '> \tScalar : 1\n> '; exit 3)"};
+  const Command dying = {"/bin/sh", "-c", R"(printf '> \tScalar : 1\n'; kill -9 $$)"};
+  const Command quitting = {"/bin/sh", "-c", R"(printf '> \tScalar : 1\n')"};
+  EXPECT_NE(PlayAtPrompt(failing, page), "");
+  page.ending = Ending::kFails;
+  EXPECT_NE(PlayAtPrompt(dying, page), "");
+  EXPECT_NE(PlayAtPrompt(quitting, page), "");
+  const Command failing_soon = {"/bin/sh", "-c", R"(printf '> \tScalar : 1\n'; exit 3)"};
+  EXPECT_EQ(PlayAtPrompt(failing_soon, page), "");
+}
+
 }  // namespace
 }  // namespace Quarn
