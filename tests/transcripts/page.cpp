@@ -77,4 +77,14 @@ std::vector<Page> ReadMarkdown(std::string_view text) {
   return pages;
 }
 
+Page OnWindows(Page page) {
+  if (page.ending == Ending::kDies) page.ending = Ending::kFails;
+  for (Turn& turn : page.turns) {
+    std::string output;
+    for (char c : turn.output) output += c == '\n' ? "\r\n" : std::string(1, c);
+    turn.output = output;
+  }
+  return page;
+}
+
 }  // namespace Quarn

@@ -23,7 +23,12 @@ struct Turn {
   std::size_t line;    // where it stands in its file, from 1
 };
 
-enum class Ending { kQuits, kDies, kNeverReturns };
+enum class Ending {
+  kQuits,
+  kDies,   // by a signal
+  kFails,  // with a status other than 0
+  kNeverReturns,
+};
 
 struct Page {
   std::vector<Turn> turns;
@@ -36,5 +41,9 @@ Page ReadPage(std::string_view text, std::size_t first_line = 1);
 
 // Reads what is fenced as "mirlow" in a Markdown text, each block a page of its own.
 std::vector<Page> ReadMarkdown(std::string_view text);
+
+// The page as it plays on Windows: lines of the output end with CR and LF, and where it would die
+// by a signal, which there are not, it fails.
+Page OnWindows(Page page);
 
 }  // namespace Quarn

@@ -16,6 +16,7 @@ std::string Dump(const Page& page) {
             turn.output + "|";
   }
   if (page.ending == Ending::kDies) dump += "dies";
+  if (page.ending == Ending::kFails) dump += "fails";
   if (page.ending == Ending::kNeverReturns) dump += "never returns";
   return dump;
 }
@@ -50,6 +51,13 @@ TEST(Markdown, HasAPageInEveryBlockOfOurs) {
   ASSERT_EQ(pages.size(), 2U);
   EXPECT_EQ(Dump(pages[0]), "7>a|\tb\n|");
   EXPECT_EQ(Dump(pages[1]).substr(2), ">c||");
+}
+
+TEST(Page, HasOtherLinesAndNoSignalsOnWindows) {
+  const Page page = ReadPage("> ~\nsure ? \n< n\n> a\n\tb\n\tc\n(never returns)\n");
+  EXPECT_EQ(Dump(OnWindows(page)), "1>~|sure ? |3<n||4>a|\tb\r\n\tc\r\n|never returns");
+  EXPECT_EQ(Dump(OnWindows(ReadPage("> !0\n(dies)\n"))), "1>!0||fails");
+  EXPECT_EQ(Dump(OnWindows(ReadPage("> 1\n"))), "1>1||");
 }
 
 }  // namespace

@@ -1,7 +1,9 @@
 // Plays the pages of a file, a transcript or a Markdown text, at the prompt and from a script; with
-// the shell, from a script and through a pipe.
+// the shell, from a script and through a pipe. --windows is for one that is run by wine.
 //   play build/mirlow tests/transcripts/scalars/arithmetic.txt
 //   play --shell build/mirlow-shell docs/language.md
+//   play --windows /usr/lib/wine/wine64 $PWD/build/mirlow.exe docs/language.md
+//   play /usr/bin/qemu-aarch64 $PWD/build/mirlow docs/language.md
 #include <exception>
 #include <iostream>
 
@@ -19,7 +21,7 @@ std::vector<Page> ReadPages(const std::string& path) {
 
 struct Way {
   const char* name;
-  std::string (*play)(const std::string&, const Page&, std::chrono::milliseconds);
+  std::string (*play)(const Command&, const Page&, std::chrono::milliseconds);
 };
 using Ways = std::vector<Way>;
 
@@ -32,7 +34,7 @@ const Ways kShell = {
     {"through a pipe", PlayThroughPipe  }
 };
 
-bool Play(const Ways& ways, const std::string& program, const std::string& path, const Page& page) {
+bool Play(const Ways& ways, const Command& program, const std::string& path, const Page& page) {
   if (page.turns.empty()) {
     std::cout << path << ": a page without a word\n";
     return false;
@@ -47,10 +49,31 @@ bool Play(const Ways& ways, const std::string& program, const std::string& path,
   return plays;
 }
 
-int PlayAll(const Ways& ways, const std::string& program, const std::string& path) {
+struct Options {
+  bool is_shell = false;
+  bool is_windows = false;
+};
+
+// Takes them off the front of the arguments.
+Options TakeOptions(std::vector<std::string>& arguments) {
+  Options options;
+  for (; !arguments.empty(); arguments.erase(arguments.begin())) {
+    if (arguments.front() == "--shell") {
+      options.is_shell = true;
+    } else if (arguments.front() == "--windows") {
+      options.is_windows = true;
+    } else {
+      break;
+    }
+  }
+  return options;
+}
+
+int PlayAll(const Options& options, const Command& program, const std::string& path) {
   bool all_play = true;
   for (const Page& page : ReadPages(path)) {
-    all_play = Play(ways, program, path, page) && all_play;
+    const Page to_play = options.is_windows ? OnWindows(page) : page;
+    all_play = Play(options.is_shell ? kShell : kCalculator, program, path, to_play) && all_play;
   }
   return all_play ? 0 : 1;
 }
@@ -59,15 +82,16 @@ int PlayAll(const Ways& ways, const std::string& program, const std::string& pat
 }  // namespace Quarn
 
 int main(int count, char** values) {
-  const bool is_shell = count == 4 && std::string_view(values[1]) == "--shell";
-  if (count != 3 && !is_shell) {
-    std::cout << "usage: play [--shell] PROGRAM FILE\n";
+  std::vector<std::string> arguments(values + 1, values + count);
+  const Quarn::Options options = Quarn::TakeOptions(arguments);
+  if (arguments.size() < 2) {
+    std::cout << "usage: play [--shell] [--windows] PROGRAM... FILE\n";
     return 2;
   }
-  const char* program = values[count - 2];
-  const char* path = values[count - 1];
+  const std::string path = arguments.back();
+  arguments.pop_back();
   try {
-    return Quarn::PlayAll(is_shell ? Quarn::kShell : Quarn::kCalculator, program, path);
+    return Quarn::PlayAll(options, arguments, path);
   } catch (const std::exception& error) {
     std::cout << path << ": " << error.what() << '\n';
     return 2;

@@ -16,9 +16,15 @@ std::string Describe(const Turn& turn, const std::string& expected, const std::s
          "]\nprinted:\n[" + printed + "]\n";
 }
 
+bool IsRight(int status, Ending ending, int expected_status) {
+  if (ending == Ending::kDies) return status < 0;
+  if (ending == Ending::kFails) return status > 0;
+  return status == expected_status;
+}
+
 class Player {
  public:
-  Player(const std::vector<std::string>& command, const TemporaryDirectory& directory,
+  Player(const Command& command, const TemporaryDirectory& directory,
          std::chrono::milliseconds patience)
       : process_(command, {.directory = directory.PathOf(""), .patience = patience}) {}
 
@@ -50,7 +56,7 @@ class Player {
       return;
     }
     const int status = process_.Wait();
-    if (page.ending == Ending::kDies ? status < 0 : status == expected_status) return;
+    if (IsRight(status, page.ending, expected_status)) return;
     difference_ = "it ended with " + std::to_string(status) + "\n";
   }
 
@@ -65,10 +71,10 @@ class Player {
 
 }  // namespace
 
-std::string PlayAtPrompt(const std::string& program, const Page& page,
+std::string PlayAtPrompt(const Command& program, const Page& page,
                          std::chrono::milliseconds patience) {
   const TemporaryDirectory directory;
-  Player player({program}, directory, patience);
+  Player player(program, directory, patience);
   for (const Turn& turn : page.turns) {
     if (!turn.is_answer && !player.Expect(turn, kPrompt)) return player.TakeDifference();
     player.Type(turn.text);
@@ -84,12 +90,14 @@ std::string PlayAtPrompt(const std::string& program, const Page& page,
 
 namespace {
 
-std::string PlayScript(const std::string& program, const Page& page, int status,
+std::string PlayScript(const Command& program, const Page& page, int status,
                        std::chrono::milliseconds patience) {
   const TemporaryDirectory directory;
   std::string script;
   for (const Turn& turn : page.turns) script += turn.is_answer ? "" : turn.text + "\n";
-  Player player({program, directory.Write("script", script)}, directory, patience);
+  Command command = program;
+  command.push_back(directory.Write("script", script));
+  Player player(command, directory, patience);
   for (const Turn& turn : page.turns) {
     if (turn.is_answer) player.Type(turn.text);
     if (!player.Expect(turn, turn.output)) return player.TakeDifference();
@@ -108,20 +116,20 @@ int StatusOf(const Page& page) {
 
 }  // namespace
 
-std::string PlayAsScript(const std::string& program, const Page& page,
+std::string PlayAsScript(const Command& program, const Page& page,
                          std::chrono::milliseconds patience) {
   return PlayScript(program, page, 0, patience);
 }
 
-std::string PlayAsShellScript(const std::string& shell, const Page& page,
+std::string PlayAsShellScript(const Command& shell, const Page& page,
                               std::chrono::milliseconds patience) {
   return PlayScript(shell, page, StatusOf(page), patience);
 }
 
-std::string PlayThroughPipe(const std::string& shell, const Page& page,
+std::string PlayThroughPipe(const Command& shell, const Page& page,
                             std::chrono::milliseconds patience) {
   const TemporaryDirectory directory;
-  Player player({shell}, directory, patience);
+  Player player(shell, directory, patience);
   for (const Turn& turn : page.turns) player.Type(turn.text);
   player.EndInput();
   for (const Turn& turn : page.turns) {

@@ -42,8 +42,8 @@ TYPED_TEST(SStrChange, ErasesFromStartAndEnd) {
 // Kept on purpose: the two erasers differ when there is less text than they should erase.
 TYPED_TEST(SStrChange, ErasingTooMuchClearsFromTheStartAndRaisesFromTheEnd) {
   s_str_t<TypeParam> text = "abc";
-  EXPECT_EQ(RangeErrorOf([&] { text.EraseFromEnd(5U); }), "basic_string::erase");
-  EXPECT_EQ(RangeErrorOf([&] { text.EraseFromEnd(4U); }), "basic_string::erase");
+  EXPECT_EQ(RangeErrorOf([&] { text.EraseFromEnd(5U); }), RangeErrorIn("erase"));
+  EXPECT_EQ(RangeErrorOf([&] { text.EraseFromEnd(4U); }), RangeErrorIn("erase"));
   EXPECT_EQ(Dump(text), "abc");
   text.EraseFromStart(5U);
   EXPECT_EQ(Dump(text), "");

@@ -242,8 +242,8 @@ TYPED_TEST(SStr, ExtractsByCountAndByEnd) {
 TYPED_TEST(SStr, ExtractFromPastTheEndRaisesTheRangeError) {
   const s_str_t<TypeParam> text = "abcde";
   for (s_uint start : {s_uint(6U), s_uint(4294967295U), s_uint::NaN, s_uint::INF}) {
-    EXPECT_EQ(RangeErrorOf([&] { text.ExtractCount(start, 1U); }), "basic_string::substr");
-    EXPECT_EQ(RangeErrorOf([&] { text.Extract(start, s_uint::INF); }), "basic_string::substr");
+    EXPECT_EQ(RangeErrorOf([&] { text.ExtractCount(start, 1U); }), RangeErrorIn("substr"));
+    EXPECT_EQ(RangeErrorOf([&] { text.Extract(start, s_uint::INF); }), RangeErrorIn("substr"));
   }
 }
 
