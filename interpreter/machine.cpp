@@ -105,8 +105,12 @@ Answer Machine::Follow(Cell& cell) {
 }
 
 Result Machine::Evaluate(Cell& cell) {
+  const Entry entry(*this);  // or the reason of an abort would be gone with that of Follow
   const CellPtr shared(&cell);
   Answer answer = Follow(cell);
+  if (abort_ != Failure::kNone) {
+    return {{}, messages::LimitReached(abort_).Take(), {}, abort_};
+  }
   if (answer.outcome == Outcome::kRing) {
     return {{}, NameRing(cell).Take(), {}, Failure::kRing};
   }

@@ -153,6 +153,29 @@ TEST_F(LimitsTest, CountForWhatAHostAsksFor) {
   EXPECT_TRUE(state.Spend(1'000'000'000)) << "nothing is under way";
 }
 
+TEST_F(LimitsTest, AreHeardByWhoAsksForAReference) {
+  session_.Type("long&=1" + Repeat("+1", 500));
+  session_.GetState().AddFunction(
+      "peek", {""}, [](State& state, const Values&, Values& results, s_str&) -> s_bool {
+        results.PushBack(FromNumber(state.GetSymbol("long")->GetType() == "Scalar" ? 1 : 0));
+        return true;
+      });
+  EXPECT_EQ(session_.Evaluate("peek()"), "Scalar : 1");
+  session_.Type("long&=2" + Repeat("+2", 500));
+  EXPECT_EQ(session_.Evaluate("peek()"), "Scalar : 1");
+  session_.GetState().AddRightUnary({
+      {"*", "Scalar", [](const s_refptr<Symbol>& operand, s_str&) {
+         return operand;
+       }}
+  });  // so that nothing is known any more
+  Limit({.steps = 100});
+  EXPECT_EQ(session_.GetState().GetSymbol("long")->GetType(), "Reference");
+  ExpectFailure("peek()", kTooManySteps, Failure::kSteps);
+  const Result result = EvaluateReference(session_.GetState().GetSymbol("long"));
+  EXPECT_EQ(result.error, kTooManySteps);
+  EXPECT_EQ(result.failure, Failure::kSteps);
+}
+
 // ---- Endless work ----
 
 TEST_F(LimitsTest, EndTheEndlessWhenTheyShall) {
