@@ -301,9 +301,9 @@ void Machine::AddAbort(s_str& error) {
   const Cell* cell = ring_.Get();
   if (ring_is_known_) {
     ++walk_;
-    for (Cell* next = ring_.Get(); next && next->walk != walk_; next = next->awaited) {
+    for (Cell* next = ring_.Get(); next->walk != walk_; next = next->awaited) {
       next->walk = walk_;
-      cell = next->awaited ? next->awaited : cell;
+      cell = next->awaited;
     }
   }
   AddError(error, messages::LeadsBackToItself(cell->GetText()));
