@@ -100,7 +100,7 @@ Answer Machine::Follow(Cell& cell) {
     if (abort_ == Failure::kRing) abort_ = Failure::kNone;
   }
   // Whether this is a ring depends on who asked.
-  if (!frames_.IsEmpty()) Top().is_impure = true;
+  MarkImpure();
   return {Outcome::kRing};
 }
 
@@ -235,7 +235,7 @@ void Machine::PopFrame() {
   frames_.Drop(1);
   operands_.Shrink(operands);
   lists_.Shrink(lists);
-  if (is_impure && !frames_.IsEmpty()) Top().is_impure = true;
+  if (is_impure) MarkImpure();
 }
 
 bool Machine::Run(std::size_t base) {

@@ -179,7 +179,7 @@ s_refptr<Symbol> Machine::ApplyBinary(std::string_view op, s_refptr<Symbol> left
   if (!by_right) return {};
   const RegisteredBinary* entry = FindType(*by_right, right.GetType());
   if (!entry) return {};
-  if (entry->purity == Purity::kImpure && !frames_.IsEmpty()) Top().is_impure = true;
+  if (entry->purity == Purity::kImpure) MarkImpure();
   return entry->body;
 }
 
@@ -212,7 +212,7 @@ s_refptr<Symbol> Machine::ApplyUnary(Code kind, std::string_view op, s_refptr<Sy
   if (by_type == registry.by_text.end()) return {};
   const RegisteredUnary* entry = FindType(by_type->second, operand.GetType());
   if (!entry) return {};
-  if (entry->purity == Purity::kImpure && !frames_.IsEmpty()) Top().is_impure = true;
+  if (entry->purity == Purity::kImpure) MarkImpure();
   return entry->body;
 }
 
