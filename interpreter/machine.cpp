@@ -25,9 +25,8 @@ bool Machine::Evaluate(std::string_view text, const s_str& name, bool allows_new
     const ReadOptions options{.allows_new = allows_new, .nesting = budget_.GetLimits().nesting};
     Reader reader(registries_, reader_storage_, text, options);
     PushFrame(program, text, name).error = &error;
-    bool has_more = true;
-    while (has_more) {
-      has_more = reader.Read(program, kChunk);
+    while (true) {
+      const bool has_more = reader.Read(program, kChunk);
       Top().next = 0;
       if (!FitsLimits() || !Spend(program.code.size()) || !Run(entry.GetBase())) break;
       if (has_more) {
