@@ -82,7 +82,7 @@ void Run(const s_ctnr<s_str>& arguments) {
   TimeManager::Get().SetClock(&GetProcessorSeconds);
   // Never destroyed: the system takes back all at once what a script of a million symbols would
   // give back one by one.
-  static State& state = *new State;
+  static State& state = *new State;  // GCOVR_EXCL_BR_LINE: nobody comes here twice
   Vector::Register(state);
   const bool has_script = arguments.GetSize() > s_uint(1U) && File::Exists(arguments[1U]);
   has_script ? RunScript(state, arguments[1U]) : RunPrompt(state);

@@ -68,6 +68,7 @@ s_bool CallOnValues(mirlow_function function, void* user, const Values& argument
   values.reserve(arguments.GetSize().Get());
   for (const s_refptr<Symbol>& argument : arguments) values.push_back({argument, {}, {}});
   std::vector<const mirlow_value*> handles;
+  handles.reserve(values.size());
   for (const mirlow_value& value : values) handles.push_back(&value);
 
   mirlow_call call{error};

@@ -107,10 +107,25 @@ class CellPtr {
   Cell* cell_ = nullptr;
 };
 
-class Cell {
- public:
+// What the machine keeps in a cell.
+struct CellRecord {
   enum class State : std::uint8_t { kStale, kFresh, kUnderWay, kUnderWayAndChanged };
 
+  State state = State::kStale;
+  const bool is_leaf;  // is the text known to hold no operator and balanced brackets?
+  unsigned int version = 0;
+  unsigned int walk = 0;  // the last one that visited it
+  bool is_read = false;
+  Program program = {};  // if it is read
+  Answer answer = {};
+  Readers readers = {};
+  Link* reads = nullptr;
+  Cell* awaited = nullptr;             // of a ring: the cell that was asked for
+  const TextWriter* writer = nullptr;  // that is writing the value
+};
+
+class Cell : public CellRecord {
+ public:
   std::string_view GetText() const { return text_.GetView(); }
   const SharedText& GetSharedText() const { return text_; }
   // Null once the State is gone.
@@ -124,25 +139,12 @@ class Cell {
   static void* operator new(std::size_t size) { return Pool::Allocate(size); }
   static void operator delete(void* block, std::size_t size) noexcept { Pool::Free(block, size); }
 
-  // What the machine keeps here.
-  State state = State::kStale;
-  const bool is_leaf;  // is the text known to hold no operator and balanced brackets?
-  unsigned int version = 0;
-  unsigned int walk = 0;  // the last one that visited it
-  bool is_read = false;
-  Program program;  // if it is read
-  Answer answer;
-  Readers readers;
-  Link* reads = nullptr;
-  Cell* awaited = nullptr;             // of a ring: the cell that was asked for
-  const TextWriter* writer = nullptr;  // that is writing the value
-
  private:
   friend class CellPtr;
   friend class Cells;
 
   Cell(Cells& cells, const SharedText& text, std::uint32_t hash, bool may_be_leaf)
-      : is_leaf(may_be_leaf), cells_(&cells), text_(text), hash_(hash) {}
+      : CellRecord{.is_leaf = may_be_leaf}, cells_(&cells), text_(text), hash_(hash) {}
   ~Cell();
   void Drop();
 

@@ -245,8 +245,8 @@ void Commands::KeepFailure(Failure kind, const s_str& message, const Place& plac
 }
 
 const Result& Commands::GetFailure() const {
-  static const Result kNone;
-  return failure_ ? *failure_ : kNone;
+  static const Result none;
+  return failure_ ? *failure_ : none;
 }
 
 // Where in the line a part of it is.

@@ -24,8 +24,8 @@ constexpr std::size_t kReserve = 128U << 10;
 
 struct StackBounds {
   std::uintptr_t lowest = 0;  // grows down towards this address
-  std::uintptr_t top = 0;
-  std::uintptr_t low_mark = 0;  // below it, it is low
+  std::size_t size = 0;
+  std::size_t reserve = 0;  // with less above the lowest address, it is low
 };
 
 // The lowest address and the size in bytes; a size of 0 when the system does not tell.
@@ -43,7 +43,8 @@ void AskForStack(std::uintptr_t& lowest, std::size_t& size) {
 
 void AskForStack(std::uintptr_t& lowest, std::size_t& size) {
   pthread_attr_t attributes;
-  if (pthread_getattr_np(pthread_self(), &attributes) != 0) return;
+  // It fails only without /proc or without memory.
+  if (pthread_getattr_np(pthread_self(), &attributes) != 0) return;  // GCOVR_EXCL_BR_LINE
   void* start = nullptr;
   pthread_attr_getstack(&attributes, &start, &size);
   pthread_attr_destroy(&attributes);
@@ -54,11 +55,9 @@ void AskForStack(std::uintptr_t& lowest, std::size_t& size) {
 
 StackBounds FindStack() {
   StackBounds stack;
-  std::size_t size = 0;
-  AskForStack(stack.lowest, size);
-  stack.top = stack.lowest + size;
-  const std::size_t used = std::min(size, kLargestStack);
-  stack.low_mark = stack.top - used + std::min(used / 4, kReserve);
+  AskForStack(stack.lowest, stack.size);
+  const std::size_t used = std::min(stack.size, kLargestStack);
+  stack.reserve = stack.size - used + std::min(used / 4, kReserve);
   return stack;
 }
 
@@ -66,9 +65,9 @@ StackBounds FindStack() {
 
 bool Depth::IsStackLow(const void* frame) const {
   static thread_local const StackBounds stack = FindStack();
-  const auto here = reinterpret_cast<std::uintptr_t>(frame);
-  if (here < stack.lowest || here >= stack.top) return levels_ > kLevelsOnUnknownStack;
-  return here < stack.low_mark;
+  // Of a frame elsewhere this is beyond the size, too, since it wraps.
+  const std::size_t left = reinterpret_cast<std::uintptr_t>(frame) - stack.lowest;
+  return left < stack.size ? left < stack.reserve : levels_ > kLevelsOnUnknownStack;
 }
 
 }  // namespace Quarn

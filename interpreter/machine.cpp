@@ -25,9 +25,8 @@ bool Machine::Evaluate(std::string_view text, const s_str& name, bool allows_new
     const ReadOptions options{.allows_new = allows_new, .nesting = budget_.GetLimits().nesting};
     Reader reader(registries_, reader_storage_, text, options);
     PushFrame(program, text, name).error = &error;
-    bool has_more = true;
-    while (has_more) {
-      has_more = reader.Read(program, kChunk);
+    while (true) {
+      const bool has_more = reader.Read(program, kChunk);
       Top().next = 0;
       if (!FitsLimits() || !Spend(program.code.size()) || !Run(entry.GetBase())) break;
       if (has_more) {
@@ -100,13 +99,17 @@ Answer Machine::Follow(Cell& cell) {
     if (abort_ == Failure::kRing) abort_ = Failure::kNone;
   }
   // Whether this is a ring depends on who asked.
-  if (!frames_.IsEmpty()) Top().is_impure = true;
+  MarkImpure();
   return {Outcome::kRing};
 }
 
 Result Machine::Evaluate(Cell& cell) {
+  const Entry entry(*this);  // or the reason of an abort would be gone with that of Follow
   const CellPtr shared(&cell);
   Answer answer = Follow(cell);
+  if (abort_ != Failure::kNone) {
+    return {{}, messages::LimitReached(abort_).Take(), {}, abort_};
+  }
   if (answer.outcome == Outcome::kRing) {
     return {{}, NameRing(cell).Take(), {}, Failure::kRing};
   }
@@ -231,7 +234,7 @@ void Machine::PopFrame() {
   frames_.Drop(1);
   operands_.Shrink(operands);
   lists_.Shrink(lists);
-  if (is_impure && !frames_.IsEmpty()) Top().is_impure = true;
+  if (is_impure) MarkImpure();
 }
 
 bool Machine::Run(std::size_t base) {
@@ -297,9 +300,9 @@ void Machine::AddAbort(s_str& error) {
   const Cell* cell = ring_.Get();
   if (ring_is_known_) {
     ++walk_;
-    for (Cell* next = ring_.Get(); next && next->walk != walk_; next = next->awaited) {
+    for (Cell* next = ring_.Get(); next->walk != walk_; next = next->awaited) {
       next->walk = walk_;
-      cell = next->awaited ? next->awaited : cell;
+      cell = next->awaited;
     }
   }
   AddError(error, messages::LeadsBackToItself(cell->GetText()));

@@ -142,6 +142,10 @@ class Machine {
   Frame& Top() { return frames_[0]; }
   Frame& PushFrame(const Program& program, std::string_view text, const s_str& name);
   void PopFrame();
+  // Whoever is evaluated, if anybody, keeps no value.
+  void MarkImpure() {
+    if (!frames_.IsEmpty()) Top().is_impure = true;
+  }
   // The text stays where it is while types are called.
   s_str& GetError();
 

@@ -1,6 +1,7 @@
 // The application of operators to values: find the implementation for the operands' types, resolve
 // references, call it, or say that there is none.
 #include <algorithm>
+#include <array>
 
 #include "interpreter/machine_entry.h"
 #include "interpreter/messages.h"
@@ -126,21 +127,17 @@ Machine::Step Machine::Unary(Code kind, std::size_t op) {
 namespace {
 
 // A program for each operator that applies it to what is on the stack.
-class Applications {
- public:
-  explicit Applications(Code kind) {
-    for (std::size_t op = 0; op <= kOperators; ++op) {
-      programs_[op].code.push_back(
-          {.code = kind, .op = static_cast<std::uint8_t>(op), .position = 0, .number = 0});
-      programs_[op].code.push_back({.code = Code::kEnd, .position = 0, .number = 0});
-    }
+using Applications = std::array<Program, kOperators + 1>;
+
+Applications MakeApplications(Code kind) {
+  Applications programs;
+  for (std::size_t op = 0; op <= kOperators; ++op) {
+    programs[op].code.push_back(
+        {.code = kind, .op = static_cast<std::uint8_t>(op), .position = 0, .number = 0});
+    programs[op].code.push_back({.code = Code::kEnd, .position = 0, .number = 0});
   }
-
-  const Program& operator[](std::size_t op) const { return programs_[op]; }
-
- private:
-  Program programs_[kOperators + 1];
-};
+  return programs;
+}
 
 bool IsReference(const s_refptr<Symbol>& value) {
   return value->GetKind() == Symbol::Kind::kReference;
@@ -165,7 +162,7 @@ s_refptr<Symbol> Machine::ApplyBinary(std::string_view op, s_refptr<Symbol> left
 [[gnu::noinline]] s_refptr<Symbol> Machine::RunBinary(std::string_view op,
                                                       const s_refptr<Symbol>& left,
                                                       const s_refptr<Symbol>& right, s_str& error) {
-  static const Applications applications(Code::kBinary);
+  static const Applications applications = MakeApplications(Code::kBinary);
   const Operand operands[] = {Operand(left), Operand(right)};
   return RunAlone(applications[FindOperator(op)], operands, op, error);
 }
@@ -179,7 +176,7 @@ s_refptr<Symbol> Machine::ApplyBinary(std::string_view op, s_refptr<Symbol> left
   if (!by_right) return {};
   const RegisteredBinary* entry = FindType(*by_right, right.GetType());
   if (!entry) return {};
-  if (entry->purity == Purity::kImpure && !frames_.IsEmpty()) Top().is_impure = true;
+  if (entry->purity == Purity::kImpure) MarkImpure();
   return entry->body;
 }
 
@@ -198,8 +195,8 @@ s_refptr<Symbol> Machine::ApplyUnary(Code kind, std::string_view op, s_refptr<Sy
 [[gnu::noinline]] s_refptr<Symbol> Machine::RunUnary(Code kind, std::string_view op,
                                                      const s_refptr<Symbol>& operand,
                                                      s_str& error) {
-  static const Applications left(Code::kLeftUnary);
-  static const Applications right(Code::kRightUnary);
+  static const Applications left = MakeApplications(Code::kLeftUnary);
+  static const Applications right = MakeApplications(Code::kRightUnary);
   const Operand operands[] = {Operand(operand)};
   return RunAlone((kind == Code::kLeftUnary ? left : right)[FindOperator(op)], operands, op, error);
 }
@@ -212,7 +209,7 @@ s_refptr<Symbol> Machine::ApplyUnary(Code kind, std::string_view op, s_refptr<Sy
   if (by_type == registry.by_text.end()) return {};
   const RegisteredUnary* entry = FindType(by_type->second, operand.GetType());
   if (!entry) return {};
-  if (entry->purity == Purity::kImpure && !frames_.IsEmpty()) Top().is_impure = true;
+  if (entry->purity == Purity::kImpure) MarkImpure();
   return entry->body;
 }
 

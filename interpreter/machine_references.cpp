@@ -106,7 +106,7 @@ Machine::Step Machine::Deliver(Answer answer) {
   if (is_impure || !keeps_values_ || cell->state != Cell::State::kUnderWay) {
     cell->Unlink();
     cell->state = Cell::State::kStale;
-    if (!frames_.IsEmpty()) Top().is_impure = true;
+    MarkImpure();
   } else {
     cell->answer = answer;
     cell->state = Cell::State::kFresh;

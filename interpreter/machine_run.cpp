@@ -8,7 +8,9 @@ namespace Quarn {
 
 // Runs instructions on numbers and on symbols that hold numbers, which cannot fail or wait. Returns
 // the first other one.
-inline const Instruction* Machine::RunNumbers(const Instruction* at, Frame& frame) {
+// One function, so that the top of the stack stays in a register.
+inline const Instruction* Machine::RunNumbers(  // NOLINT(readability-function-cognitive-complexity)
+    const Instruction* at, Frame& frame) {
   Cell* const reader = frame.reader;
   Operand* top = operands_.GetTop();
   const auto apply = [&](double right) {

@@ -11,9 +11,7 @@
 #include "utils/s_ctnr.h"
 #include "utils/s_str.h"
 
-namespace Quarn {
-
-namespace messages {
+namespace Quarn::messages {
 
 // Brackets; `bracket` is one of ( < [ and ) > ].
 s_str TooManyClosing(char bracket);
@@ -65,5 +63,4 @@ s_str DifferentLengths(std::string_view verb, s_uint left, s_uint right);
 s_str OnlyFor3Vectors();
 s_str CannotIndexEmpty();
 
-}  // namespace messages
-}  // namespace Quarn
+}  // namespace Quarn::messages

@@ -56,7 +56,7 @@ class NumberProgram {
   };
 
   bool Bind(const Instruction& instruction, const Registries& registries);
-  bool BindOperand(const Instruction& instruction);
+  void BindOperand(const Instruction& instruction);
   bool BindBinary(const Instruction& instruction, BinaryOnNumbers body);
   bool BindUnary(UnaryOnNumbers body);
   bool BindCall(const Instruction& instruction, const Registries& registries);

@@ -182,8 +182,6 @@ Reader::Step Reader::Close() {
   switch (level.kind) {
     case LevelKind::kWhole:
       return Step::kDone;
-    case LevelKind::kParentheses:
-      break;
     case LevelKind::kArguments:
       ++level.count;
       return NextPart();
@@ -196,6 +194,8 @@ Reader::Step Reader::Close() {
                                                                                     : Step::kFailed;
     case LevelKind::kIndex:
       EmitBinary(kIndexing, level.position);
+      break;
+    default:  // parentheses
       break;
   }
   storage_.levels.Drop(1);
@@ -261,7 +261,8 @@ Reader::Step Reader::ReadOther(Level& level, std::uint32_t begin) {
 Reader::Step Reader::ReadRest() {
   Level& level = Top();
   if (level.at == level.end) return ReadEnd();
-  return ReadOperator(level, level.at++) ? Step::kOperand : Step::kFailed;
+  ReadOperator(level, level.at++);  // which has its left operand
+  return Step::kOperand;
 }
 
 bool Reader::ReadOperator(Level& level, std::uint32_t at) {
@@ -308,20 +309,18 @@ bool Reader::ApplyToOne(Level& level, const Pending& operation) {
 
 // The right operand is often a number or a symbol, and part of the instruction then.
 void Reader::EmitBinary(std::uint8_t op, std::uint32_t position) {
-  if (!program_->code.empty()) {
-    Instruction& last = program_->code.back();
-    if (last.code == Code::kNumber || last.code == Code::kName) {
-      last.code = last.code == Code::kNumber ? Code::kBinaryNumber : Code::kBinaryName;
-      last.op = op;
-      last.position = position;
-      return;
-    }
+  Instruction& last = program_->code.back();
+  if (last.code == Code::kNumber || last.code == Code::kName) {
+    last.code = last.code == Code::kNumber ? Code::kBinaryNumber : Code::kBinaryName;
+    last.op = op;
+    last.position = position;
+  } else {
+    Emit(Code::kBinary, position).op = op;
   }
-  Emit(Code::kBinary, position).op = op;
 }
 
 void Reader::EmitElement() {
-  if (!program_->code.empty() && program_->code.back().code == Code::kNumber) {
+  if (program_->code.back().code == Code::kNumber) {
     program_->code.back().code = Code::kNumberElement;
   } else {
     Emit(Code::kElement, Top().at);

@@ -124,7 +124,7 @@ class Reader {
   enum class Step : std::uint8_t { kRest, kOperand, kDone, kFailed };
 
   Level& Top() { return storage_.levels[0]; }
-  char At(std::uint32_t position) const { return text_.data()[position]; }
+  char At(std::uint32_t position) const { return *(text_.data() + position); }
   std::uint32_t ToPosition(const char* at) const {
     return static_cast<std::uint32_t>(at - text_.data());
   }

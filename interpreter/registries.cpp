@@ -25,9 +25,9 @@ s_str SignatureOf(const s_ctnr<s_str>& types) {
 
 // How many numbers a function takes that takes nothing else; -1 for any other.
 int CountNumbers(const s_ctnr<s_str>& types) {
+  if (types.GetSize() == s_uint(1U) && types.begin()->IsEmpty()) return 0;
   int count = 0;
   for (const s_str& type : types) {
-    if (type.IsEmpty() && types.GetSize() == s_uint(1U)) return 0;
     if (type.GetView() != kNumberType) return -1;
     ++count;
   }

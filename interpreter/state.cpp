@@ -76,8 +76,8 @@ s_refptr<Symbol> State::ApplyLeftUnaryOperator(std::string_view op, s_refptr<Sym
 
 // ---- For a host program ----
 
-Expression State::Prepare(std::string_view text) { return Expression(*core_, text); }
-Variable State::GetVariable(std::string_view name) { return Variable(*core_, name); }
+Expression State::Prepare(std::string_view text) { return {*core_, text}; }
+Variable State::GetVariable(std::string_view name) { return {*core_, name}; }
 
 Result State::Compute(std::string_view expression) {
   s_str error;

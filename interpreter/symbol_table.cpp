@@ -32,7 +32,7 @@ SymbolTable::~SymbolTable() {
   DeleteName(last_result_);
 }
 
-const s_refptr<Symbol>& SymbolTable::GetObject(Name& name) {
+const s_refptr<Symbol>& SymbolTable::GetObject(Name& name) const {
   if (name.IsNumber()) {
     name.object = NewNumber(s_str(GetNameOfNumber(name)), name.number);
     name.content = Name::Content::kObject;

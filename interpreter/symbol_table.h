@@ -56,7 +56,7 @@ class SymbolTable {
   bool Contains(std::string_view name) { return Find(name) != nullptr; }
 
   // The value as an object, the same one each time. REQUIRES: there is one.
-  const s_refptr<Symbol>& GetObject(Name& name);
+  const s_refptr<Symbol>& GetObject(Name& name) const;
   // The name that a number bears. REQUIRES: the value is a number.
   std::string_view GetNameOfNumber(const Name& name) const {
     if (name.content == Name::Content::kUnnamedNumber) return {};
@@ -64,9 +64,9 @@ class SymbolTable {
   }
 
   // Gives the name a value, in place of any that it had. REQUIRES: the value is not null.
-  void Set(std::string_view name, s_refptr<Symbol> value);
+  void Set(std::string_view text, s_refptr<Symbol> value);
   // A number that bears the name, or none.
-  void SetNumber(std::string_view name, double number, bool is_named);
+  void SetNumber(std::string_view text, double number, bool is_named);
   // The same for a name that is known.
   void SetNumber(Name& name, double number) {
     if (name.content == Name::Content::kNumber) {
@@ -79,11 +79,11 @@ class SymbolTable {
   void SetLastResult(const Operand& value, std::string_view name_of_number = {});
 
   // Does nothing when the name has no value.
-  void Erase(std::string_view name);
+  void Erase(std::string_view text);
   void Clear();
 
   // A name for a program, until it releases it.
-  Name* Bind(std::string_view name);
+  Name* Bind(std::string_view text);
   void Release(Name& name);
 
   // How many names have a value, the last result included.
@@ -92,7 +92,7 @@ class SymbolTable {
   s_ctnr<s_str> GetNames() const;
 
  private:
-  Name& FindOrAdd(std::string_view name);
+  Name& FindOrAdd(std::string_view text);
   void SetNumber(Name& name, double number, bool is_named);
   void SetContent(Name& name, Name::Content content);
   void RemoveIfUnused(Name& name);

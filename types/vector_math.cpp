@@ -204,8 +204,9 @@ std::optional<Operand> SelectOperand(State& state, const Operand& vector, const 
 
 s_refptr<Symbol> SelectElement(State& state, const s_refptr<Symbol>& vector,
                                const s_refptr<Symbol>& index, s_str& error) {
-  const std::optional<Operand> element =
-      SelectOperand(state, Operand(vector), Operand(index), error);
+  Operand list;
+  list.SetObject(vector);
+  const std::optional<Operand> element = SelectOperand(state, list, Operand(index), error);
   return element ? element->Box() : s_refptr<Symbol>();
 }
 

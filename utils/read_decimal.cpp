@@ -57,7 +57,7 @@ LongDecimal Take(std::string_view text) {
       decimal.digits[decimal.count++] = static_cast<std::uint8_t>(c - '0');
     } else {
       ++decimal.exponent;
-      has_more = has_more || c != '0';
+      if (c != '0') has_more = true;
     }
   }
   // One digit stands for all that were left out.
@@ -72,10 +72,8 @@ LongDecimal Take(std::string_view text) {
 class Natural {
  public:
   bool IsZero() const { return size_ == 0; }
-  int GetBits() const {
-    if (size_ == 0) return 0;
-    return static_cast<int>(32 * size_) - std::countl_zero(words_[size_ - 1]);
-  }
+  // REQUIRES: it is not 0.
+  int GetBits() const { return static_cast<int>(32 * size_) - std::countl_zero(words_[size_ - 1]); }
 
   void MultiplyAdd(std::uint32_t factor, std::uint32_t summand) {
     std::uint64_t carry = summand;
@@ -87,9 +85,10 @@ class Natural {
     if (carry) words_[size_++] = static_cast<std::uint32_t>(carry);
   }
 
+  // REQUIRES: it is not 0.
   void ShiftLeft(int bits) {
     const auto words = static_cast<std::size_t>(bits / 32);
-    if (size_ && words) {
+    if (words) {
       for (std::size_t i = size_; i-- > 0;) words_[i + words] = words_[i];
       std::fill_n(words_.begin(), words, 0U);
       size_ += words;

@@ -38,7 +38,7 @@ constexpr bool HasBit(const Wide& wide, int bit) {
 // Is a bit below this one set?  REQUIRES: 0 <= bit < 128.
 constexpr bool HasBitBelow(const Wide& wide, int bit) {
   if (bit < 64) return (wide.low & ((std::uint64_t{1} << bit) - 1)) != 0;
-  return wide.low != 0 || (wide.high & ((std::uint64_t{1} << (bit - 64)) - 1)) != 0;
+  return wide.low != 0 || (wide.high & ((std::uint64_t{1} << (bit & 63)) - 1)) != 0;
 }
 
 // The lowest 64 bits of what stays.  REQUIRES: 0 < bits < 128.

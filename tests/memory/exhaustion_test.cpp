@@ -148,5 +148,84 @@ TEST_F(Exhaustion, LeavesReferencesThatCanBeEvaluated) {
   }
 }
 
+TEST_F(Exhaustion, OfARegistrationLeavesTheTypesAsTheyWere) {
+  TypeRow row{"AnotherTypeWithALongName", [](const s_str&) { return FromNumber(0); },
+              [](std::string_view text) -> s_bool { return text.ends_with("."); },
+              [](State&, const s_str&, const s_str&, s_str&) { return FromNumber(7); }, "#@"};
+  for (const bool is_known : {false, true}) {
+    for (std::size_t call = 1;; ++call) {
+      State state(out_, in_);
+      row.literal_starts = "#";
+      if (is_known) state.AddType(row);
+      row.literal_starts = "@";
+      ScarceMemory::FailAt(call);
+      bool thrown = false;
+      try {
+        state.AddType(row);
+      } catch (const std::bad_alloc&) {
+        thrown = true;
+      }
+      const bool failed = ScarceMemory::Stop();
+      EXPECT_EQ(thrown, failed);
+      EXPECT_EQ(ToNumber(state.Compute("@.").value).has_value(), !failed) << call;
+      EXPECT_EQ(ToNumber(state.Compute("#.").value).has_value(), failed && is_known) << call;
+      EXPECT_EQ(state.GetTypes().size(), is_known || !failed ? 4U : 3U) << call;
+      if (!failed) break;
+      state.AddType(row);
+      ASSERT_EQ(ToNumber(state.Compute("@.+1").value), 8) << call;
+    }
+  }
+}
+
+TEST_F(Exhaustion, OfANewNameLeavesNone) {
+  constexpr char kName[] = "anamethatistoolongtobeinaplaceofitsown";
+  const s_refptr<Symbol> two = FromNumber(2);
+  for (std::size_t call = 1;; ++call) {
+    const long before = ScarceMemory::CountAlive();
+    bool failed = false;
+    {
+      State state(out_, in_);
+      ScarceMemory::FailAt(call);
+      try {
+        state.SetSymbol(kName, two);
+      } catch (const std::bad_alloc&) {
+      }
+      failed = ScarceMemory::Stop();
+      EXPECT_EQ(static_cast<bool>(state.GetSymbol(kName)), !failed) << call;
+      state.SetSymbol(kName, two);
+      ASSERT_EQ(ToNumber(state.GetSymbol(kName)), 2) << call;
+    }
+    ASSERT_EQ(ScarceMemory::CountAlive(), before) << call;
+    if (!failed) return;
+  }
+}
+
+// An operation that is deferred, and gone, passes on more links than there are in the pool.
+TEST_F(Exhaustion, OfLinksMakesWhoeverNeedsThemAskAgain) {
+  constexpr int kNames = 300;
+  constexpr std::size_t kStep = kSanitized ? 97 : 1;
+  std::string sum = "missing";
+  for (int i = 0; i < kNames; ++i) sum = "a" + std::to_string(i) + "+" + sum;
+  for (std::size_t call = 1;; call += kStep) {
+    State state(out_, in_);
+    for (int i = 0; i < kNames; ++i) state.SetSymbol("a" + std::to_string(i), FromNumber(1));
+    state.SetReference("r", sum);
+    state.SetReference("s", "r*2");
+    const s_refptr<Symbol> reference = state.GetSymbol("s");
+    ScarceMemory::FailAt(call);
+    try {
+      EXPECT_EQ(reference->GetType(), "Reference");
+    } catch (const std::bad_alloc&) {
+    }
+    const bool failed = ScarceMemory::Stop();
+    EXPECT_EQ(reference->GetType(), "Reference");
+    state.SetSymbol("missing", FromNumber(1));
+    ASSERT_EQ(ToNumber(reference), 2 * (kNames + 1)) << call;
+    state.SetSymbol("a7", FromNumber(11));
+    ASSERT_EQ(ToNumber(reference), 2 * (kNames + 11)) << call;
+    if (!failed) return;
+  }
+}
+
 }  // namespace
 }  // namespace Quarn

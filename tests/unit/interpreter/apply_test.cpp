@@ -54,6 +54,7 @@ TEST_F(Apply, FindsTheImplementationByTheTypesOnBothSides) {
   EXPECT_EQ(Binary("+", Number(1), Number(2)), "Scalar : 3");
   EXPECT_EQ(Binary("*", Number(2), session_.Parse("<1, 2>")), "Vector : <2, 4>");
   EXPECT_EQ(Binary("[]", session_.Parse("<1, 2>"), Number(1)), "Scalar : 2");
+  EXPECT_EQ(Binary("[]", session_.Parse("<1, 2>"), Number(1, "i")), "Scalar : 2");
   EXPECT_EQ(RightUnary("-", Number(2)), "Scalar : -2");
   EXPECT_EQ(RightUnary("-", session_.Parse("<1>")), "Vector : <-1>");
 }
@@ -91,6 +92,29 @@ TEST_F(Apply, ATypeFromOutsideHasItsOperators) {
       {"'a*'b", "Word * Word",   "a * b" },
   };
   ExpectNoMatches(session_, kRows);
+}
+
+TEST_F(Apply, IsTheSameWithinAnEvaluation) {
+  Word::Register(session_.GetState());
+  const s_refptr<Symbol> word = session_.Parse("'ab");
+  std::string within;
+  const auto apply = [&] {
+    within = Binary("+", Number(1), Number(2)) + "; " + Binary("?", Number(1), Number(2)) + "; " +
+             RightUnary("-", Number(2)) + "; " + RightUnary("?", Number(2)) + "; " +
+             LeftUnary("!", word) + "; " + LeftUnary("?", word) + "; " + LeftUnary("!", Number(2));
+    return within;
+  };
+  session_.GetState().AddFunction("apply", {""},
+                                  [&](State&, const Values&, Values& results, s_str&) -> s_bool {
+                                    apply();
+                                    results.PushBack(Number(0));
+                                    return true;
+                                  });
+  EXPECT_EQ(session_.Evaluate("apply()"), "Scalar : 0");
+  EXPECT_EQ(within, "Scalar : 3; " + NoMatch("Scalar ? Scalar", "1 ? 2") + "; Scalar : -2; " +
+                        NoMatch("? Scalar", "? 2") + "; Word : abab; " + NoMatch("Word ?", "ab ?") +
+                        "; " + NoMatch("Scalar !", "2 !"));
+  EXPECT_EQ(apply(), within);
 }
 
 TEST_F(Apply, ANewRegistrationTakesThePlaceOfTheOld) {
@@ -170,6 +194,15 @@ TEST_F(Apply, AReferenceStandsForItsValue) {
   EXPECT_EQ(RightUnary("!", Refer("s")), "Scalar : 24");
   session_.Type("x=<1, 2>");
   EXPECT_EQ(Binary("+", Refer("s"), Refer("s")), "Vector : <2, 4>");
+}
+
+// What is known of a reference is taken at once only by what works on numbers.
+TEST_F(Apply, AReferenceWhoseValueIsKnownStandsForIt) {
+  session_.Type("x=1;r&=x+1;r;v=<1, 2>");
+  EXPECT_EQ(session_.Type("s&=v*r"), "\tDefining Reference : s = <2, 4>\n");
+  EXPECT_EQ(session_.Type("t&=3*r"), "\tDefining Reference : t = 6\n");
+  EXPECT_EQ(session_.Evaluate("r^2"), NoMatch("Scalar ^ Scalar", "2 ^ 2"));
+  EXPECT_EQ(session_.Evaluate("r*2"), "Scalar : 4");
 }
 
 TEST_F(Apply, IsDeferredWhileAReferenceHasNoValue) {

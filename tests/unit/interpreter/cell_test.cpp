@@ -156,6 +156,13 @@ TEST_F(KeptValues, AreReadAnewAfterARegistration) {
                                     return true;
                                   });
   EXPECT_EQ(session_.Type("r"), "\tScalar : 7\n");
+  EXPECT_EQ(session_.Type("r+1"), "\tScalar : 8\n");
+  session_.GetState().AddFunction("f", {"Scalar"},
+                                  [](State&, const Values&, Values& results, s_str&) -> s_bool {
+                                    results.PushBack(FromNumber(9));
+                                    return true;
+                                  });
+  EXPECT_EQ(session_.Type("r+1"), "\tScalar : 10\n");
 }
 
 TEST_F(KeptValues, OfASharedTextAreShared) {
@@ -181,6 +188,7 @@ TEST(References, MayOutliveTheirState) {
   EXPECT_EQ(reference->ToString().Get(), "r = x+1");
   EXPECT_EQ(reference->GetType().Get(), "Reference");
   EXPECT_EQ(reference->Clone()->ToString().Get(), "r = x+1");
+  EXPECT_EQ(ToNumber(reference), std::nullopt);
 }
 
 // ---- Where failures are ----

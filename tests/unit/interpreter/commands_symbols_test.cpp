@@ -36,6 +36,13 @@ TEST(Query, PrintsTheSymbolUnderItsName) {
   ExpectOutput(kRows);
 }
 
+TEST(Definition, TakesANumberThatAHostHasLookedAt) {
+  Session session;
+  session.Type("y=2");
+  EXPECT_EQ(session.GetState().GetSymbol("y")->ToString(), "y = 2");
+  EXPECT_EQ(session.Type("x=y"), "\tDefining Scalar : x = 2\n");
+}
+
 TEST(LastResult, IsForgottenByAQueryThatSucceedsAndKeptByOneThatFails) {
   const LinesRow kRows[] = {
       {"x=1\n5\n?x\n_", kNull           },

@@ -80,7 +80,13 @@ TEST_F(ExpressionTest, GivesWhatComputeGives) {
                            "1+<2>",
                            "v-<1, 2>",
                            "<>[0]",
-                           "rr+x"}) {
+                           "rr+x",
+                           "x+v",
+                           "2*x-3",
+                           "2*x/4",
+                           "(x+1)/(x+2)",
+                           "rand()*0",
+                           "max(x, 1, 3)"}) {
     const Result expected = session_.GetState().Compute(text);
     Expression expression = Prepare(text);
     for (int i = 0; i < 2; ++i) {
@@ -271,6 +277,39 @@ TEST_F(ExpressionTest, CallsFunctionsEachTime) {
   EXPECT_EQ(expression.EvaluateNumber(), 3);
   Expression random = Prepare("rand(5, 5)+rand(7, 7)");
   EXPECT_EQ(random.EvaluateNumber(), 12);
+}
+
+TEST_F(ExpressionTest, CallsWhatAHostRegistersForNumbers) {
+  session_.Type("x=2");
+  State& state = session_.GetState();
+  state.AddBinary({OnScalars("^", [](double a, double b) { return 10 * a + b; })});
+  state.AddFunction("second", {"Scalar", "Scalar"},
+                    [](State&, const Values& arguments, Values& results, s_str&) -> s_bool {
+                      results.PushBack(arguments[1U]->Clone());
+                      return true;
+                    });
+  const struct {
+    const char* text;
+    double number;
+  } kRows[] = {
+      {"x^3",            23 },
+      {"(x+1)^(x*2)",    34 },
+      {"1^x^3",          123},
+      {"second(x, 5)",   5  },
+      {"1+second(1, x)", 3  },
+  };
+  for (const auto& row : kRows) EXPECT_EQ(Prepare(row.text).EvaluateNumber(), row.number);
+}
+
+// More numbers wait than there is room for where only numbers are computed with.
+TEST_F(ExpressionTest, HoldsAnyNumberOfOperandsThatWait) {
+  session_.Type("x=1");
+  session_.GetState().AddBinary({OnScalars("^", [](double a, double b) { return a + b; })});
+  for (int count = 1; count < 40; ++count) {
+    std::string text = "x^x";
+    for (int i = 2; i < count; ++i) text = "x^(" + text + ")";
+    EXPECT_EQ(Prepare(text).EvaluateNumber(), std::max(count, 2)) << text;
+  }
 }
 
 TEST_F(ExpressionTest, HasAnyLengthAndDepth) {

@@ -93,6 +93,7 @@ TEST_F(LimitsTest, OfOutputEndsLongTexts) {
   EXPECT_EQ(session_.Type("?v"), std::string(kTooLong) + "\n");
   EXPECT_EQ(session_.Type("x=v;x"), std::string(kTooLong) + "\n\tDefining Symbol : x\n");
   EXPECT_EQ(session_.Type("v[0]"), "\tScalar : 1\n");
+  ExpectFailure("(-v)+1", kTooLong, Failure::kOutput);
 }
 
 TEST_F(LimitsTest, OfOutputEndsDeferredTextsThatDouble) {
@@ -153,6 +154,73 @@ TEST_F(LimitsTest, CountForWhatAHostAsksFor) {
   EXPECT_TRUE(state.Spend(1'000'000'000)) << "nothing is under way";
 }
 
+TEST_F(LimitsTest, AreHeardByWhoAsksForAReference) {
+  session_.Type("long&=1" + Repeat("+1", 500));
+  session_.GetState().AddFunction(
+      "peek", {""}, [](State& state, const Values&, Values& results, s_str&) -> s_bool {
+        results.PushBack(FromNumber(state.GetSymbol("long")->GetType() == "Scalar" ? 1 : 0));
+        return true;
+      });
+  EXPECT_EQ(session_.Evaluate("peek()"), "Scalar : 1");
+  session_.Type("long&=2" + Repeat("+2", 500));
+  EXPECT_EQ(session_.Evaluate("peek()"), "Scalar : 1");
+  session_.GetState().AddRightUnary({
+      {"*", "Scalar", [](const s_refptr<Symbol>& operand, s_str&) {
+         return operand;
+       }}
+  });  // so that nothing is known any more
+  Limit({.steps = 100});
+  EXPECT_EQ(session_.GetState().GetSymbol("long")->GetType(), "Reference");
+  ExpectFailure("peek()", kTooManySteps, Failure::kSteps);
+  const Result result = EvaluateReference(session_.GetState().GetSymbol("long"));
+  EXPECT_EQ(result.error, kTooManySteps);
+  EXPECT_EQ(result.failure, Failure::kSteps);
+}
+
+// Whoever has used up all steps gets nothing more, and gives nothing that counts.
+TEST_F(LimitsTest, EndWhatGoesOnAllTheSame) {
+  session_.Type("x=1;r&=x+1;y=<1, 2>");
+  State& state = session_.GetState();
+  state.AddFunction("go", {""}, [](State& own, const Values&, Values& results, s_str&) -> s_bool {
+    Expression prepared = own.Prepare("y+y");
+    const s_refptr<Symbol> reference = own.GetSymbol("r");
+    EXPECT_FALSE(own.Spend(1'000'000));
+    EXPECT_EQ(own.Compute("1").error, kTooManySteps);
+    EXPECT_EQ(prepared.Evaluate().error, kTooManySteps);
+    EXPECT_EQ(reference->GetType(), "Reference");
+    s_str error;
+    EXPECT_FALSE(own.ApplyBinaryOperator("+", reference, FromNumber(1), error));
+    EXPECT_EQ(error.Get(), kTooManySteps);
+    results.PushBack(FromNumber(1));
+    return true;
+  });
+  const auto go_on = [&state](const s_refptr<Symbol>& operand, s_str&) {
+    state.Spend(1'000'000);
+    return operand;
+  };
+  state.AddLeftUnary({
+      {"!", "Scalar", go_on}
+  });
+  BinaryRow power{"Scalar", "^", "Scalar", {}};
+  power.on_operands = [](State& own, const Operand& left, const Operand&, s_str&) {
+    own.Spend(1'000'000);
+    return std::optional<Operand>(left);
+  };
+  state.AddBinary({power});
+  state.AddType({"Goes", [](const s_str&) { return FromNumber(0); },
+                 [](std::string_view text) -> s_bool { return text == "#"; },
+                 [](State& own, const s_str&, const s_str&, s_str&) {
+                   own.Spend(1'000'000);
+                   return FromNumber(7);
+                 }});
+  for (const char* expression : {"go()", "1!", "1^2", "#"}) {
+    EXPECT_TRUE(state.Compute(*expression == 'g' ? "1" : expression)) << expression;
+    Limit({.steps = 100'000});
+    ExpectFailure(expression, kTooManySteps, Failure::kSteps);
+    Limit({});
+  }
+}
+
 // ---- Endless work ----
 
 TEST_F(LimitsTest, EndTheEndlessWhenTheyShall) {
@@ -169,6 +237,7 @@ TEST_F(LimitsTest, EndTheEndlessWhenTheyShall) {
       {"<1>[0-1/0]", "\tError : The index is infinite"             },
       {"!5",         "Scalar : 120"                                },
       {"!3.95",      "Scalar : 24"                                 },
+      {"!3.0995",    "Scalar : 6"                                  },
       {"!1",         "Scalar : 1"                                  },
       {"!171",       "Scalar : inf+"                               },
       {"!1e9",       "Scalar : inf+"                               },
@@ -233,6 +302,20 @@ TEST_F(InterruptTest, IsSeenInEveryKindOfLongWork) {
   }
   EXPECT_EQ(session_.GetState().Compute(sum).error, kInterrupted);
   EXPECT_EQ(session_.Type("s+1"), std::string(kInterrupted) + "\n");
+}
+
+TEST_F(InterruptTest, IsSeenByPreparedExpressions) {
+  Limit({.steps = 1000});
+  session_.GetState().AddFunction(
+      "prepared", {""}, [](State& state, const Values&, Values& results, s_str&) -> s_bool {
+        Expression sum = state.Prepare("1+1");
+        EXPECT_EQ(sum.EvaluateNumber(), 2);
+        state.Interrupt();
+        EXPECT_EQ(sum.EvaluateNumber(), std::nullopt);
+        results.PushBack(FromNumber(1));
+        return true;
+      });
+  ExpectFailure("prepared()", kInterrupted, Failure::kInterrupted);
 }
 
 TEST_F(InterruptTest, DoesNothingWhenNothingIsUnderWay) {

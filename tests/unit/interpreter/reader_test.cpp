@@ -146,6 +146,7 @@ TEST(Reader, PutsAMistakeWhereTheEvaluationMeetsItAndEndsThere) {
 TEST(Reader, AsksTheTypesOnce) {
   Session session;
   RegisterDigits(session.GetState(), "Digits");
+  Word::Register(session.GetState());  // which is asked, and does not know it
   EXPECT_EQ(Read(session, "1.5+12+x"),
             "1.5 !Ambiguous constructor : '12'.\n\t        Possible candidates : Digits, Scalar");
 }

@@ -59,6 +59,11 @@ TEST(Limits, ATextOfFourGibibytesOrMoreIsTooLong) {
                                                                diagnosis));
     EXPECT_EQ(error.Get(), "\tError : Another\n\tError : Expression is too long");
     EXPECT_EQ(session.GetState().Compute(text.Get()).error, "\tError : Expression is too long");
+    Program program;
+    session.GetState().GetCore().machine.Read(text.Get(), program);
+    ASSERT_EQ(program.code.size(), 1U);
+    EXPECT_EQ(program.code[0].code, Code::kFail);
+    EXPECT_EQ(program.extra->message.Get(), "\tError : Expression is too long");
   }
   EXPECT_EQ(session.Evaluate("1+1"), "Scalar : 2");
 }

@@ -156,6 +156,11 @@ TEST(RegistrationDeathTest, AnOperatorThatTheLanguageDoesNotHaveIsAMistake) {
                        "op < kOperators")
         << op;
   }
+#ifdef NDEBUG
+  // Without assertions a host may apply it all the same.
+  s_str error;
+  EXPECT_EQ(ToNumber(state.ApplyBinaryOperator("%", FromNumber(1), FromNumber(2), error)), 1);
+#endif
   state.AddBinary({
       {"Later",  "^",  "Later",  join},
       {"Scalar", "[]", "Scalar", join}

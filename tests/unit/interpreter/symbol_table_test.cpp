@@ -43,6 +43,20 @@ TEST(SymbolTable, FindsWhatWasSet) {
   for (const char* other : {"", "A", "a ", " a", "aa"}) EXPECT_FALSE(symbols.Contains(other));
 }
 
+TEST(SymbolTable, ANameThatAProgramUsesNeedsNoValue) {
+  SymbolTable symbols;
+  Name* name = symbols.Bind("a");
+  symbols.Set("b", New("b"));
+  EXPECT_EQ(symbols.Find("a"), nullptr);
+  EXPECT_EQ(Dump(symbols.GetNames()), "b|");
+  symbols.Clear();
+  EXPECT_EQ(Dump(symbols.GetNames()), "");
+  symbols.Set("a", New("c"));
+  EXPECT_EQ(symbols.Find("a"), name);
+  symbols.Release(*name);
+  EXPECT_EQ(Dump(symbols.GetNames()), "a|");
+}
+
 TEST(SymbolTable, ANewValueTakesThePlaceOfTheOld) {
   SymbolTable symbols;
   const s_refptr<Symbol> old = New("old");

@@ -160,6 +160,23 @@ TEST_F(ValueTest, AReferenceSaysWhyItComesToNothing) {
   EXPECT_EQ(nothing.error, "");
 }
 
+// Why it fails is found out by another evaluation.
+TEST_F(ValueTest, AReferenceThatFailsEverySecondTimeHasAValue) {
+  int calls = 0;
+  session_.GetState().AddFunction(
+      "moody", {""}, [&calls](State&, const Values&, Values& results, s_str& error) -> s_bool {
+        if (++calls % 2 == 1) {
+          error += "\tError : Not now";
+          return false;
+        }
+        results.PushBack(FromNumber(7));
+        return true;
+      });
+  session_.GetState().SetReference("r", "moody()");
+  EXPECT_EQ(ToText(EvaluateReference(session_.GetState().GetSymbol("r")).value), "7");
+  EXPECT_EQ(calls, 2);
+}
+
 TEST_F(ValueTest, AResultIsFollowedAndAFailureStaysAsItIs) {
   session_.Type("x=2;r&=x+1;s&=zz+1");
   State& state = session_.GetState();

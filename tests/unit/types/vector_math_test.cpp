@@ -57,6 +57,28 @@ TEST(VectorMath, HasNoOtherOperators) {
   ExpectNoMatches(session, kRows);
 }
 
+TEST(VectorMath, DoesToElementsWhatIsRegisteredForScalars) {
+  Session session;
+  const auto second = [](const s_refptr<Symbol>&, const s_refptr<Symbol>& right, s_str&) {
+    return right;
+  };
+  session.GetState().AddBinary({
+      {"Scalar", "+", "Scalar", second},
+      {"Scalar", "*", "Scalar", second}
+  });
+  session.GetState().AddRightUnary({
+      {"-", "Scalar", Copy}
+  });
+  const ValueRow kRows[] = {
+      {"<1, 2>+<3, 4>", "Vector : <3, 4>"  },
+      {"<1, 2>-<3, 5>", "Vector : <-2, -3>"},
+      {"2*<3, 4>",      "Vector : <3, 4>"  },
+      {"<3, 4>*2",      "Vector : <2, 2>"  },
+      {"-<1, 2>",       "Vector : <1, 2>"  },
+  };
+  ExpectValues(session, kRows);
+}
+
 TEST(VectorMath, StopsAtTheFirstElementThatFails) {
   Session session;
   session.Type("a;b;v=<<1>, <2>>");
