@@ -22,21 +22,35 @@ constinit thread_local long granted = -1;
 // Do those after the first that fails succeed again?
 constinit thread_local bool fails_once = false;
 
-void* Allocate(std::size_t size) {
+// Asks the system for a block, unless that is to fail.
+template <class Ask>
+void* Allocate(const Ask& ask) {
   if (granted == 0) {
     if (fails_once) granted = -1;
     throw std::bad_alloc();
   }
   if (granted > 0) --granted;
-  if (void* block = std::malloc(size)) return block;
+  if (void* block = ask()) return block;
   throw std::bad_alloc();
 }
 
 }  // namespace
 
-void* operator new(std::size_t size) { return Allocate(size); }
+// Where only one of a pair is copied to its callers, they look like strangers.
+#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
+
+void* operator new(std::size_t size) {
+  return Allocate([size] { return std::malloc(size); });
+}
 void operator delete(void* block) noexcept { std::free(block); }
 void operator delete(void* block, std::size_t) noexcept { std::free(block); }
+void* operator new(std::size_t size, std::align_val_t alignment) {
+  const auto multiple = static_cast<std::size_t>(alignment);
+  const std::size_t whole = (size + multiple - 1) / multiple * multiple;
+  return Allocate([=] { return std::aligned_alloc(multiple, whole); });
+}
+void operator delete(void* block, std::align_val_t) noexcept { std::free(block); }
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept { std::free(block); }
 
 namespace Quarn {
 namespace {
