@@ -223,8 +223,8 @@ class EmptyPool {
   std::vector<void*> blocks_;
 };
 
-// An operation that is deferred, and gone, passes on the links to what it read. That comes late, and
-// the last calls are the first to fail, before the pool takes larger pieces.
+// An operation that is deferred, and gone, passes on the links to what it read. That comes late,
+// and the last calls are the first to fail, before the pool takes larger pieces.
 TEST_F(Exhaustion, OfLinksMakesWhoeverNeedsThemAskAgain) {
   constexpr int kNames = 130;
   constexpr std::size_t kCalls = kSanitized ? 4000 : 60;
