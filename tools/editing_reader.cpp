@@ -120,7 +120,7 @@ void Redisplay() {
 }
 
 const State* shown_state = nullptr;
-std::vector<SymbolRow> shown_rows;
+std::vector<SymbolRow> shown_before;
 bool is_table_coloured = false;
 
 int ShowSymbols(int, int) {
@@ -130,9 +130,9 @@ int ShowSymbols(int, int) {
   std::vector<SymbolRow> symbols = ListSymbols(*shown_state);
   rl_crlf();
   const TableLook look = {static_cast<std::size_t>(columns), is_table_coloured};
-  for (const std::string& line : FormatTable(symbols, shown_rows, look))
+  for (const std::string& line : FormatTable(symbols, shown_before, look))
     std::fputs(line.c_str(), rl_outstream);
-  shown_rows = std::move(symbols);
+  shown_before = std::move(symbols);
   rl_forced_update_display();
   return 0;
 }

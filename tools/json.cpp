@@ -17,7 +17,7 @@ constexpr std::string_view kReplacement = "\\ufffd";
 struct Form {
   unsigned char first;
   unsigned char last;
-  std::size_t following;
+  unsigned char following;
   unsigned char lowest;
   unsigned char highest;
 };
@@ -46,7 +46,8 @@ bool Has(std::string_view text, const Form& form) {
 std::size_t MeasureCharacter(std::string_view text) {
   const auto first = static_cast<unsigned char>(text.front());
   for (const Form& form : kForms) {
-    if (first >= form.first && first <= form.last) return Has(text, form) ? form.following + 1 : 0;
+    if (first >= form.first && first <= form.last)
+      return Has(text, form) ? std::size_t{1} + form.following : 0;
   }
   return 0;
 }

@@ -157,11 +157,13 @@ TEST_F(KeptValues, AreReadAnewAfterARegistration) {
                                   });
   EXPECT_EQ(session_.Type("r"), "\tScalar : 7\n");
   EXPECT_EQ(session_.Type("r+1"), "\tScalar : 8\n");
+  session_.Type("s&=max(2, 3);s+1");
   session_.GetState().AddFunction("f", {"Scalar"},
                                   [](State&, const Values&, Values& results, s_str&) -> s_bool {
                                     results.PushBack(FromNumber(9));
                                     return true;
                                   });
+  EXPECT_EQ(session_.Type("s+1"), "\tScalar : 4\n");
   EXPECT_EQ(session_.Type("r+1"), "\tScalar : 10\n");
 }
 

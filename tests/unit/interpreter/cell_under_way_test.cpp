@@ -5,6 +5,7 @@
 #include <string>
 
 #include "interpreter/core.h"
+#include "tests/support/foreign_types.h"
 #include "tests/support/session.h"
 #include "types/lift.h"
 #include "types/value.h"
@@ -231,6 +232,17 @@ TEST_F(UnderWay, WhatIsGoneLeavesWhatItReadOnce) {
   EXPECT_EQ(session_.Type("t;u"), "\tReference : y+1\n\tReference : max(s*2, s*3)\n");
   session_.Type("y=1");
   EXPECT_EQ(session_.Type("t;u"), "\tScalar : 2\n\tScalar : 3\n");
+}
+
+// "((y+y))+(zz)" is deferred, and so is what is made of it: only the first of them has read y.
+TEST_F(UnderWay, WhatIsGoneLeavesWhatNobodyElseRead) {
+  Word::Register(session_.GetState());
+  session_.Type("s&=zz;u&='(y+y)+s+'k");
+  EXPECT_EQ(session_.Type("u"), "\tReference : (((y+y))+(zz))+(k)\n");
+  session_.Type("y&=u+'l");
+  EXPECT_EQ(session_.Type("u+'m"), LeadsBack("'(y+y)+s+'k"));
+  session_.Type("zz='z");
+  EXPECT_EQ(session_.Type("u"), "\tWord : (y+y)zk\n");
 }
 
 TEST_F(UnderWay, PartsOfOneTextAreReadByTheirBrackets) {
