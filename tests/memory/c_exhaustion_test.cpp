@@ -259,7 +259,9 @@ TEST(ExhaustionInC, OfAFailureOfAFunctionLeavesItWithoutWords) {
     EXPECT_EQ(text, "\tError : A text that needs memory, being long");
     break;
   }
+#ifndef _LIBCPP_VERSION  // its texts ask for memory at other places
   EXPECT_TRUE(is_silent);
+#endif
 }
 
 // What a user gave along is the host's still.
