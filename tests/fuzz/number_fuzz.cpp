@@ -15,16 +15,22 @@
 namespace Quarn::fuzz {
 namespace {
 
+// One stream for all inputs: to make one takes longer than to use it.
+std::stringstream& PrepareStream(std::string_view text) {
+  static std::stringstream stream;
+  static const std::locale before = stream.imbue(std::locale::classic());
+  stream.clear();
+  stream.str(std::string(text));
+  return stream;
+}
+
 template <class T>
 bool ReadByStream(std::string_view text, T& value) {
-  std::istringstream stream{std::string(text)};
-  stream.imbue(std::locale::classic());
-  return static_cast<bool>(stream >> value);
+  return static_cast<bool>(PrepareStream(text) >> value);
 }
 
 std::string WriteByStream(double value, int digits) {
-  std::ostringstream stream;
-  stream.imbue(std::locale::classic());
+  std::stringstream& stream = PrepareStream("");
   stream.precision(digits);
   stream << value;
   return stream.str();
