@@ -6,6 +6,7 @@
 // that it is gone.
 #pragma once
 
+#include <new>
 #include <type_traits>
 #include <utility>
 
@@ -14,6 +15,12 @@
 #include "s_int.h"
 
 namespace Quarn {
+
+// How many pointers share an object, and how many only watch it.
+struct OwnerCounts {
+  unsigned int strong = 1;
+  unsigned int weak = 0;
+};
 
 template <class T>
 class s_refptr {
@@ -25,35 +32,29 @@ class s_refptr {
   explicit s_refptr(T* object) : object_(object) {
     if (!object) return;
     try {
-      strong_ = static_cast<unsigned int*>(Pool::Allocate(kCounts));
+      counts_ = new (Pool::Allocate(sizeof(OwnerCounts))) OwnerCounts;
     } catch (...) {
       delete object;
       throw;
     }
-    weak_ = strong_ + 1;
-    *strong_ = 1;
-    *weak_ = 0;
   }
 
-  s_refptr(const s_refptr& other)
-      : object_(other.object_), strong_(other.strong_), weak_(other.weak_) {
-    if (strong_) ++*strong_;
+  s_refptr(const s_refptr& other) : object_(other.object_), counts_(other.counts_) {
+    if (counts_) ++counts_->strong;
   }
   s_refptr(s_refptr&& other) noexcept
       : object_(std::exchange(other.object_, nullptr)),
-        strong_(std::exchange(other.strong_, nullptr)),
-        weak_(std::exchange(other.weak_, nullptr)) {}
+        counts_(std::exchange(other.counts_, nullptr)) {}
   // Shares the object and the counts, as a pointer to the base.
   template <class Derived>
   requires std::is_convertible_v<Derived*, T*> s_refptr(s_refptr<Derived> other)
   noexcept
       : object_(std::exchange(other.object_, nullptr)),
-        strong_(std::exchange(other.strong_, nullptr)),
-        weak_(std::exchange(other.weak_, nullptr)) {}
+        counts_(std::exchange(other.counts_, nullptr)) {}
 
   // Safe when `other` is a member of the object being released: the new object is held first.
   s_refptr& operator=(const s_refptr& other) {
-    if (this != &other) s_refptr(other).Swap(*this);
+    if (counts_ != other.counts_) s_refptr(other).Swap(*this);
     return *this;
   }
   s_refptr& operator=(s_refptr&& other) noexcept {
@@ -71,37 +72,30 @@ class s_refptr {
   explicit operator bool() const { return object_ != nullptr; }
 
   // The number of owners; 0 for null.
-  s_uint GetCount() const { return strong_ ? *strong_ : 0U; }
+  s_uint GetCount() const { return counts_ ? counts_->strong : 0U; }
 
   void Swap(s_refptr& other) noexcept {
     std::swap(object_, other.object_);
-    std::swap(strong_, other.strong_);
-    std::swap(weak_, other.weak_);
+    std::swap(counts_, other.counts_);
   }
 
  private:
   template <class U>
   friend class s_refptr;
 
-  static constexpr std::size_t kCounts = 2 * sizeof(unsigned int);
-
   void Release() {
-    if (strong_ && --*strong_ == 0) Drop();
+    if (counts_ && --counts_->strong == 0) Drop();
   }
 
   void Drop() {
     // Counts first, so that pointers made by the object's destructor can reuse their block.
     T* object = std::exchange(object_, nullptr);
-    if (*weak_ == 0) {
-      Pool::Free(strong_, kCounts);
-      strong_ = weak_ = nullptr;
-    }
+    if (counts_->weak == 0) Pool::Free(std::exchange(counts_, nullptr), sizeof(OwnerCounts));
     delete object;  // GCOVR_EXCL_BR_LINE: never null, though `delete` asks
   }
 
   T* object_ = nullptr;
-  unsigned int* strong_ = nullptr;
-  unsigned int* weak_ = nullptr;
+  OwnerCounts* counts_ = nullptr;
 };
 
 }  // namespace Quarn

@@ -34,22 +34,18 @@ struct Leaf : Node {};
 template <>
 class s_refptr<void> {
  public:
-  explicit s_refptr(const s_refptr<Node>& pointer)
-      : strong_(pointer.strong_), weak_(pointer.weak_) {
-    ++*weak_;
-  }
+  explicit s_refptr(const s_refptr<Node>& pointer) : counts_(pointer.counts_) { ++counts_->weak; }
 
-  unsigned int GetStrongCount() const { return *strong_; }
-  unsigned int GetWeakCount() const { return *weak_; }
+  unsigned int GetStrongCount() const { return counts_->strong; }
+  unsigned int GetWeakCount() const { return counts_->weak; }
 
   // The last to hold the counts frees them.
-  void FreeCounts() { Pool::Free(strong_, s_refptr<Node>::kCounts); }
+  void FreeCounts() { Pool::Free(counts_, sizeof *counts_); }
 
-  static const void* FindCounts(const s_refptr<Node>& pointer) { return pointer.strong_; }
+  static const void* FindCounts(const s_refptr<Node>& pointer) { return pointer.counts_; }
 
  private:
-  unsigned int* strong_;
-  unsigned int* weak_;
+  OwnerCounts* counts_;
 };
 
 namespace {
