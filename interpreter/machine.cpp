@@ -1,5 +1,7 @@
 #include "interpreter/machine.h"
 
+#include <new>
+
 #include "interpreter/machine_entry.h"
 #include "interpreter/messages.h"
 
@@ -266,12 +268,8 @@ void Machine::UnwindTo(std::size_t base) {
     const CellPtr cell = Top().cell;
     is_kept = is_kept && !Top().is_impure;
     PopFrame();
-    if (is_kept && cell->state == Cell::State::kUnderWay) {
-      cell->answer = {Outcome::kRing};
-      cell->state = Cell::State::kFresh;
-      cell->awaited = awaited.Get();
-      awaited->readers.Add(*cell);
-    } else {
+    is_kept = is_kept && KeepRing(*cell, *awaited);
+    if (!is_kept) {
       cell->Unlink();
       cell->state = Cell::State::kStale;
       cell->readers.Invalidate();
@@ -281,6 +279,21 @@ void Machine::UnwindTo(std::size_t base) {
   }
   // The frames further down do not know how the ring was reached.
   ring_is_nested_ = base > 0;
+}
+
+// Not if what it read has changed, which the end of its last value may do, or if there is no memory
+// for the link.
+bool Machine::KeepRing(Cell& cell, Cell& awaited) noexcept {
+  cell.answer = {Outcome::kRing};
+  if (cell.state != Cell::State::kUnderWay) return false;
+  try {
+    awaited.readers.Add(cell);
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+  cell.state = Cell::State::kFresh;
+  cell.awaited = &awaited;
+  return true;
 }
 
 // Will the members of the ring lead back to themselves until something changes?

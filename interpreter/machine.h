@@ -160,6 +160,7 @@ class Machine {
   Step RunFrame();
   const Instruction* RunNumbers(const Instruction* at, Frame& frame);
   void UnwindTo(std::size_t base);
+  static bool KeepRing(Cell& cell, Cell& awaited) noexcept;
   bool IsPureRing(std::size_t base) const;
   void AddAbort(s_str& error);
   void ReportAbort(s_str& error, s_uint reported, Diagnosis& diagnosis);

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <new>
 #include <string_view>
 #include <vector>
 
@@ -16,8 +17,9 @@ namespace Quarn {
 
 class SharedText {
  public:
+  // Throws std::bad_alloc, also for a text of four gigabytes: positions have 32 bits.
   explicit SharedText(std::string_view text)
-      : block_(static_cast<Block*>(Pool::Allocate(sizeof(Block) + text.size()))),
+      : block_(static_cast<Block*>(Pool::Allocate(GetSizeOfBlock(text)))),
         length_(static_cast<std::uint32_t>(text.size())) {
     block_->owners = 1;
     block_->size = length_;
@@ -68,6 +70,10 @@ class SharedText {
     std::uint32_t size;
   };
 
+  static std::size_t GetSizeOfBlock(std::string_view text) {
+    if (text.size() >= 0xFFFFFFFF) throw std::bad_alloc();
+    return sizeof(Block) + text.size();
+  }
   char* GetCharacters() const { return reinterpret_cast<char*>(block_ + 1); }
 
   Block* block_;
