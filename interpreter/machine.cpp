@@ -32,14 +32,12 @@ bool Machine::Evaluate(std::string_view text, const s_str& name, bool allows_new
       Top().next = 0;
       if (!FitsLimits() || !Spend(program.code.size()) || !Run(entry.GetBase())) break;
       if (has_more) {
-        const Program::Root root = program.root;
         program.Clear();
-        program.root = root;
         continue;
       }
       result.value = std::move(operands_[0]);
-      result.is_named = program.root != Program::Root::kCall;
-      if (program.root == Program::Root::kOperation && !result.value.IsNumber() &&
+      result.is_named = reader.GetRoot() != Reader::Root::kCall;
+      if (reader.GetRoot() == Reader::Root::kOperation && !result.value.IsNumber() &&
           !name.IsEmpty()) {
         result.value.GetValue()->SetName(name);
       }

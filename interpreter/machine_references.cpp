@@ -62,8 +62,7 @@ void Machine::Read(Cell& cell) {
   }
   cell.program.code.assign(scratch_.code.begin(), scratch_.code.end());
   cell.program.extra = std::move(scratch_.extra);
-  cell.program.root = scratch_.root;
-  scratch_.code.clear();
+  scratch_.Clear();
   cell.is_read = true;
   cell.version = registries_.GetVersion();
 }

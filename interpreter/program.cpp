@@ -4,7 +4,7 @@
 
 namespace Quarn {
 
-void Program::Release(SymbolTable& names) {
+void Program::ReleaseInstructions(SymbolTable& names) {
   for (const Instruction& instruction : code) {
     if (instruction.code == Code::kCell) CellPtr::Attach(instruction.cell);
     if (instruction.code != Code::kName && instruction.code != Code::kBinaryName) continue;

@@ -69,10 +69,6 @@ struct Instruction {
 static_assert(sizeof(Instruction) == 16);
 
 struct Program {
-  // What the last instruction leaves, which decides who names it: an operator's result is named by
-  // the evaluation, a literal or symbol bears its name already, a function's result keeps its own.
-  enum class Root : std::uint8_t { kOperation, kLeaf, kCall };
-
   // What few programs need.
   struct Extra {
     std::vector<const TypeRow*> types;  // of literals
@@ -95,15 +91,18 @@ struct Program {
   // Makes it empty.
   void Clear() {
     code.clear();
-    root = Root::kOperation;
     if (extra) extra->Clear();
   }
   // Releases the names and cells that the instructions hold, and makes it empty.
-  void Release(SymbolTable& names);
+  void Release(SymbolTable& names) {
+    if (!code.empty() || extra) ReleaseInstructions(names);
+  }
 
   std::vector<Instruction, PoolAllocator<Instruction>> code;
   std::unique_ptr<Extra> extra;
-  Root root = Root::kOperation;
+
+ private:
+  void ReleaseInstructions(SymbolTable& names);
 };
 
 }  // namespace Quarn

@@ -165,12 +165,12 @@ Reader::Step Reader::EndList(const Level& level) {
     Instruction& call = Emit(Code::kCall, level.position);
     call.part.length = level.count;
     call.part.id = static_cast<std::uint32_t>(level.function);
-    if (level.is_whole_leaf) program_->root = Program::Root::kCall;
+    if (level.is_whole_leaf) root_ = Root::kCall;
   } else {
     Instruction& list = Emit(Code::kEndList, level.position);
     list.type = level.type;
     list.is_whole = level.is_whole_leaf;
-    if (level.is_whole_leaf) program_->root = Program::Root::kLeaf;
+    if (level.is_whole_leaf) root_ = Root::kLeaf;
   }
   storage_.levels.Drop(1);
   return Step::kRest;
@@ -230,7 +230,7 @@ Reader::Step Reader::ReadOperands() {
     }
     if (at == end) {
       level.at = at;
-      if (level.has_operand && IsWhole(level)) program_->root = Program::Root::kLeaf;
+      if (level.has_operand && IsWhole(level)) root_ = Root::kLeaf;
       return ReadEnd();
     }
     if (!ReadOperator(level, at++)) return Step::kFailed;

@@ -100,6 +100,10 @@ struct ReadOptions {
 
 class Reader {
  public:
+  // What the last instruction leaves, which decides who names it: an operator's result is named by
+  // the evaluation, a literal or symbol bears its name already, a function's result keeps its own.
+  enum class Root : std::uint8_t { kOperation, kLeaf, kCall };
+
   // The text and the options must outlive the reader, and the registries must not change
   // meanwhile.
   // REQUIRES: fewer than 2^32 - 1 characters.
@@ -114,6 +118,8 @@ class Reader {
   // kFail. True when there is more to read, which goes on from an empty `code`. A program that is
   // kept is read as a whole, and pauses as often.
   bool Read(Program& program, std::size_t most);
+  // Of what was read, once that is all.
+  Root GetRoot() const { return root_; }
 
  private:
   using Level = ReaderStorage::Level;
@@ -202,6 +208,7 @@ class Reader {
   const std::uint32_t begin_;
   const std::uint32_t end_;
   Program* program_ = nullptr;
+  Root root_ = Root::kOperation;
   std::size_t most_ = 0;
   bool is_begun_ = false;
   // The next "(", "[" and "]" from where they were asked for last; reading goes only forward.

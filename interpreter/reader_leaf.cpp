@@ -67,7 +67,7 @@ Reader::Step Reader::ReadLiteral(const TypeRow& type, std::uint32_t begin, std::
     list.type = &type;
     return OpenList(list, begin + 1, end - 1, bracket + 1);
   }
-  if (is_whole) program_->root = Program::Root::kLeaf;
+  if (is_whole) root_ = Root::kLeaf;
   if (type.read_number) {
     const NumberPrefix number = type.read_number(text_.data() + begin, text_.data() + end);
     if (number.end && ToPosition(number.end) == end) {
@@ -91,7 +91,7 @@ Reader::Step Reader::ReadLiteral(const TypeRow& type, std::uint32_t begin, std::
 }
 
 void Reader::ReadSymbol(std::uint32_t begin, std::uint32_t end, bool is_whole) {
-  if (is_whole) program_->root = Program::Root::kLeaf;
+  if (is_whole) root_ = Root::kLeaf;
   Name* name = options_.names ? options_.names->Bind(Text(begin, end)) : nullptr;
   Instruction& symbol = Emit(name ? Code::kName : Code::kSymbol, begin);
   symbol.is_whole = is_whole;
