@@ -29,7 +29,7 @@ class Cell::Collection {
     if (!is_outermost_) return;
     while (bin.first) {
       Cell* cell = bin.first;
-      bin.first = cell->next_;
+      bin.first = cell->next;
       delete cell;  // GCOVR_EXCL_BR_LINE: never null, though `delete` asks
     }
     bin.is_open = false;
@@ -44,7 +44,7 @@ class Cell::Collection {
 void Cell::Drop() {
   const Collection collection;
   if (cells_) cells_->table_.Remove(*this, hash_);
-  next_ = std::exchange(bin.first, this);
+  next = std::exchange(bin.first, this);
 }
 
 // ---- Links ----
@@ -96,6 +96,7 @@ void Readers::InvalidateAll() {
       if (cell.state == Cell::State::kUnderWay) cell.state = Cell::State::kUnderWayAndChanged;
       if (cell.state != Cell::State::kFresh) continue;
       cell.state = Cell::State::kStale;
+      if (cell.readers.AreNone() && !cell.answer.HoldsObjects()) continue;
       cell.awaited = nullptr;
       *last = &cell;
       last = &cell.awaited;

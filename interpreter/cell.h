@@ -32,6 +32,9 @@ enum class Outcome : std::uint8_t { kValue, kFailed, kRing };
 
 // What a reference stands for, once references to references have been followed.
 struct Answer {
+  bool HoldsObjects() const { return !value.IsNumber() || label; }
+  bool IsPlainNumber() const { return outcome == Outcome::kValue && !HoldsObjects(); }
+
   Outcome outcome = Outcome::kFailed;
   // No reference but a null one. When the expression failed: the last reference on the way, if
   // that is another one.
@@ -92,6 +95,8 @@ class CellPtr {
   Cell* operator->() const { return cell_; }
   Cell& operator*() const { return *cell_; }
   Cell* Get() const { return cell_; }
+  // How many share the cell. REQUIRES: there is one.
+  unsigned int GetCount() const;
   // Gives the share to a plain pointer, and takes it back from one.
   Cell* Detach() { return std::exchange(cell_, nullptr); }
   static CellPtr Attach(Cell* cell) {
@@ -111,17 +116,23 @@ class CellPtr {
 struct CellRecord {
   enum class State : std::uint8_t { kStale, kFresh, kUnderWay, kUnderWayAndChanged };
 
+  explicit CellRecord(bool may_be_leaf) : is_leaf(may_be_leaf) {}
+
+  // What a change of something that was read looks at is side by side.
   State state = State::kStale;
   const bool is_leaf;  // is the text known to hold no operator and balanced brackets?
+  bool is_read = false;
   unsigned int version = 0;
   unsigned int walk = 0;  // the last one that visited it
-  bool is_read = false;
-  Program program = {};  // if it is read
-  Answer answer = {};
   Readers readers = {};
   Link* reads = nullptr;
-  Cell* awaited = nullptr;             // of a ring: the cell that was asked for
-  const TextWriter* writer = nullptr;  // that is writing the value
+  Answer answer = {};
+  Cell* awaited = nullptr;  // of a ring: the cell that was asked for
+  Program program = {};     // if it is read
+  union {
+    const TextWriter* writer = nullptr;  // that is writing the value
+    Cell* next;                          // of those that wait to be destroyed, as this one does
+  };
 };
 
 class Cell : public CellRecord {
@@ -144,7 +155,7 @@ class Cell : public CellRecord {
   friend class Cells;
 
   Cell(Cells& cells, const SharedText& text, std::uint32_t hash, bool may_be_leaf)
-      : CellRecord{.is_leaf = may_be_leaf}, cells_(&cells), text_(text), hash_(hash) {}
+      : CellRecord(may_be_leaf), cells_(&cells), text_(text), hash_(hash) {}
   ~Cell();
   void Drop();
 
@@ -155,12 +166,13 @@ class Cell : public CellRecord {
   SharedText text_;
   std::uint32_t hash_;
   unsigned int owners_ = 0;
-  Cell* next_ = nullptr;  // of those that wait to be destroyed
 };
 
 inline CellPtr::CellPtr(Cell* cell) : cell_(cell) {
   if (cell_) ++cell_->owners_;
 }
+
+inline unsigned int CellPtr::GetCount() const { return cell_->owners_; }
 
 inline void CellPtr::Release() {
   if (cell_ && --cell_->owners_ == 0) cell_->Drop();
@@ -177,6 +189,8 @@ class Cells {
 
   // The cell of an expression; of a stretch of the text of another cell, which is shared.
   CellPtr Get(std::string_view text);
+  // Before other work, when the cell is to be got after that.
+  void Prefetch(std::string_view text) const { table_.Prefetch(Hash(text)); }
   CellPtr GetPart(const Cell& of, std::uint32_t begin, std::uint32_t length);
 
   Machine& GetMachine() const { return *machine_; }

@@ -24,12 +24,19 @@ constexpr std::size_t kMostKept = std::size_t{1} << 20;
 // Most lines print a number; these save putting its beginning together.
 constexpr std::string_view kNumberShown = "\tScalar : ";
 constexpr std::string_view kNumberDefined = "\tDefining Scalar : ";
+constexpr std::string_view kReferenceDefined = "\tDefining Reference : ";
 static_assert(kNumberShown.substr(1).starts_with(kNumberType));
 static_assert(kNumberDefined.ends_with(kNumberShown.substr(1)));
+static_assert(kReferenceDefined.substr(10).starts_with(kReferenceType));
 
 // Does the text end with the character, and hold it nowhere else?
 bool EndsWithFirst(std::string_view text, char c) {
   return !text.empty() && text.find(c) == text.size() - 1;
+}
+
+void Begin(s_str& line, std::string_view before, std::string_view type) {
+  line.Clear();
+  line.Append(before).Append(type).Append(" : ");
 }
 
 }  // namespace
@@ -112,13 +119,18 @@ bool Commands::Evaluate(std::string_view expression, const s_str& name, bool all
 
 void Commands::DefineReference(std::string_view name, std::string_view expression) {
   name = TrimSpaces(name);
+  core_.machine.PrefetchCell(expression);
+  core_.symbols.Prefetch(name);
   if (!PassesNameCheck(name, FindPlace(name))) return;
-  const s_refptr<Symbol> reference = core_.machine.NewReference(s_str(name), expression);
-  Define(name, reference->GetDeclaredType(), reference);
+  const CellPtr cell = core_.machine.GetCell(expression);
+  const s_refptr<Symbol> before = core_.symbols.ReplaceByReference(name, cell);
+  if (!PrintReference(kReferenceDefined, name, cell)) return Restore(name, before);
+  core_.symbols.SetLastReference(cell, name);
 }
 
 void Commands::Assign(std::string_view name, std::string_view expression) {
   name = TrimSpaces(name);
+  core_.symbols.Prefetch(name);
   if (!PassesNameCheck(name, FindPlace(name))) return;
   s_str error;
   Evaluated result;
@@ -148,9 +160,8 @@ void Commands::DeleteAll() {
   // At the end of input the answer is empty, as if Enter had been pressed.
   std::getline(in_, answer);
   if (answer.empty() || answer == "y" || answer == "Y") {
-    const Operand nothing(Quarn::NewReference(Symbol::NoName(), {}));
     core_.symbols.Clear();
-    core_.symbols.SetLastResult(nothing);  // never absent, even if memory runs out from here on
+    ForgetLastResult();  // never absent, even if memory runs out from here on
     PrintMessage(messages::AllSymbolsErased());
   }
   ForgetLastResult();
@@ -173,9 +184,9 @@ void Commands::Query(std::string_view name) {
     return Fail(Failure::kUnknownName, messages::UnknownSymbol(name), FindPlace(name));
   }
   if (symbol->IsNumber()) {
-    PrintNumber(kNumberShown, core_.symbols.GetNameOfNumber(*symbol), symbol->number);
+    PrintNumber(kNumberShown, core_.symbols.GetNameOfValue(*symbol), symbol->number);
   } else {
-    const s_refptr<Symbol> queried = symbol->object;
+    const s_refptr<Symbol> queried = core_.symbols.GetObject(*symbol);
     if (!PrintValue("\t", queried->GetType().GetView(), *queried)) return;
   }
   // Kept on purpose: a query that succeeds forgets the last result, one that fails keeps it.
@@ -201,22 +212,20 @@ void Commands::PrintExpression(std::string_view expression) {
   Define(name.GetView(), value->GetType(), value);
 }
 
-void Commands::ForgetLastResult() {
-  core_.symbols.SetLastResult(Operand(Quarn::NewReference(Symbol::NoName(), {})));
-}
+void Commands::ForgetLastResult() { core_.symbols.SetLastReference({}); }
 
 // Only what has been printed becomes the last result: a value that refers to "_" is shown with the
 // one before it.
 void Commands::Define(std::string_view name, const s_str& type, const s_refptr<Symbol>& value) {
-  Name* symbol = core_.symbols.Find(name);
-  const s_refptr<Symbol> before = symbol ? core_.symbols.GetObject(*symbol) : s_refptr<Symbol>();
-  core_.symbols.Set(name, value);
-  if (!PrintValue("\tDefining ", type.GetView(), *value)) {
-    return before ? core_.symbols.Set(name, before) : core_.symbols.Erase(name);
-  }
+  const s_refptr<Symbol> before = core_.symbols.Replace(name, value);
+  if (!PrintValue("\tDefining ", type.GetView(), *value)) return Restore(name, before);
   Operand result;
   result.SetObject(value);
   core_.symbols.SetLastResult(result);
+}
+
+void Commands::Restore(std::string_view name, const s_refptr<Symbol>& before) {
+  before ? core_.symbols.Set(name, before) : core_.symbols.Erase(name);
 }
 
 void Commands::DefineNumber(std::string_view name, const Evaluated& result) {
@@ -268,26 +277,62 @@ void Commands::PrintMessage(s_str message) {
   Print(message.GetView());
 }
 
-// The whole line is composed before any of it is printed, since a value may be evaluated for it.
-// Reuses line_'s capacity; moved out because printing may re-enter.
 // False when it takes more memory than it may; then a message says so.
 bool Commands::PrintValue(std::string_view before, std::string_view type, const Symbol& value) {
+  if (value.GetKind() == Symbol::Kind::kReference) {
+    s_str beginning;
+    Begin(beginning, before, type);
+    return PrintReference(beginning.GetView(), value.GetName().GetView(), GetCell(value));
+  }
+  s_str line = std::move(line_);
+  Begin(line, before, type);
+  TextWriter writer(line, &core_.machine);
+  value.Write(writer);
+  return FinishLine(line, writer);
+}
+
+// The same. Most references stand for a number, which needs no writer.
+bool Commands::PrintReference(std::string_view before, std::string_view name, const CellPtr& cell) {
+  const Answer answer = cell ? cell->Follow() : Answer();
+  if (answer.IsPlainNumber()) {
+    ComposeNumber(before, name, answer.value.GetNumber());
+    const std::size_t size = line_.Get().size() - 1;
+    if (!core_.machine.FitsText(size) || !core_.machine.Spend(1)) return FailOnLimit();
+    Print(line_.GetView());
+    return true;
+  }
   s_str line = std::move(line_);
   line.Clear();
-  line.Append(before).Append(type).Append(" : ");
+  line.Append(before);
+  if (cell && !name.empty()) line.Append(name).Append(" = ");
   TextWriter writer(line, &core_.machine);
-  if (!WriteOut(writer, value)) {
-    const Failure kind = core_.machine.GetAbort();
-    Fail(kind, core_.machine.TakeAbort());
-    return false;
-  }
+  writer.AppendReference(cell);
+  if (cell) writer.Continue(answer);
+  return FinishLine(line, writer);
+}
+
+// The whole line is composed before any of it is printed, since a value may be evaluated for it.
+bool Commands::FinishLine(s_str& line, TextWriter& writer) {
+  if (!WriteOut(writer)) return FailOnLimit();
   line += '\n';
   Print(line.GetView());
+  // Its room is used again; it was moved out because printing may re-enter.
   if (line.Get().capacity() <= kMostKept) line_ = std::move(line);
   return true;
 }
 
+bool Commands::FailOnLimit() {
+  const Failure kind = core_.machine.GetAbort();
+  Fail(kind, core_.machine.TakeAbort());
+  return false;
+}
+
 void Commands::PrintNumber(std::string_view before, std::string_view name, double number) {
+  ComposeNumber(before, name, number);
+  Print(line_.GetView());
+}
+
+void Commands::ComposeNumber(std::string_view before, std::string_view name, double number) {
   line_.Clear();
   line_.Append(before);
   if (!name.empty()) line_.Append(name).Append(" = ");
@@ -295,7 +340,6 @@ void Commands::PrintNumber(std::string_view before, std::string_view name, doubl
   char* end = WriteDouble(digits, number);
   *end++ = '\n';
   line_.Append(std::string_view(digits, static_cast<std::size_t>(end - digits)));
-  Print(line_.GetView());
 }
 
 }  // namespace Quarn

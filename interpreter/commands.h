@@ -44,6 +44,7 @@ class Commands {
 
   void DefineNumber(std::string_view name, const Evaluated& result);
   void Define(std::string_view name, const s_str& type, const s_refptr<Symbol>& value);
+  void Restore(std::string_view name, const s_refptr<Symbol>& before);
   bool PassesNameCheck(std::string_view name, const Place& place);
   void KeepFailure(Failure kind, const s_str& message, const Place& place);
   void Fail(Failure kind, s_str message, const Place& place = {});
@@ -52,6 +53,10 @@ class Commands {
   void PrintMessage(s_str message);
   void PrintNumber(std::string_view before, std::string_view name, double number);
   bool PrintValue(std::string_view before, std::string_view type, const Symbol& value);
+  bool PrintReference(std::string_view before, std::string_view name, const CellPtr& cell);
+  void ComposeNumber(std::string_view before, std::string_view name, double number);
+  bool FinishLine(s_str& line, TextWriter& writer);
+  bool FailOnLimit();
 
   Core& core_;
   std::ostream& out_;

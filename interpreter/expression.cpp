@@ -157,8 +157,9 @@ void Variable::Set(double number) {
 std::optional<double> Variable::Get() const {
   if (!name_) return {};
   if (name_->IsNumber()) return name_->number;
-  if (!name_->HasValue() || name_->object->GetKind() != Symbol::Kind::kNumber) return {};
-  return Operand::CopyOf(*name_->object).GetNumber();
+  const s_refptr<Symbol>& object = name_->object;
+  if (!object || object->GetKind() != Symbol::Kind::kNumber) return {};
+  return Operand::CopyOf(*object).GetNumber();
 }
 
 }  // namespace Quarn

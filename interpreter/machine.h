@@ -67,6 +67,7 @@ class Machine {
 
   // The cell of an expression; null for an empty one.
   CellPtr GetCell(std::string_view expression);
+  void PrefetchCell(std::string_view expression) const { cells_.Prefetch(expression); }
   // A reference to an expression; an empty one makes it a null reference.
   s_refptr<Symbol> NewReference(const s_str& name, std::string_view expression);
 
@@ -177,7 +178,7 @@ class Machine {
   Step FinishCell(Outcome outcome);
   Step FollowOn();
   Step Deliver(Answer answer);
-  bool IsFreshNumber(const Symbol& value) const;
+  bool IsFreshNumber(const Cell* cell) const;
   bool Resolve(const Operand& operand, Operand& value, Resolved& kind);
   bool GetType(const Operand& operand, s_str& type);
 

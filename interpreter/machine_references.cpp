@@ -30,13 +30,13 @@ const Answer* Machine::Ask(Cell& cell) {
 
 // False when that is a step too many.
 bool Machine::PushCell(Cell& cell) {
-  const CellPtr shared(&cell);
+  CellPtr shared(&cell);
   if (!cell.is_read || cell.version != registries_.GetVersion()) Read(cell);
   cell.Unlink();
   // Under way only with a frame, for which there may be no memory.
   Frame& frame = PushFrame(cell.program, cell.GetSharedText().GetWhole(), Symbol::NoName());
   cell.state = Cell::State::kUnderWay;
-  frame.cell = shared;
+  frame.cell = std::move(shared);
   frame.reader = &cell;
   return Spend(cell.program.code.size());
 }
@@ -98,7 +98,7 @@ Machine::Step Machine::FollowOn() {
 // Passes the answer to the frame that asked. It is kept unless something impure was called, or what
 // was read has changed meanwhile.
 Machine::Step Machine::Deliver(Answer answer) {
-  const CellPtr cell = Top().cell;
+  const CellPtr cell = std::move(Top().cell);
   const bool is_impure = Top().is_impure;
   PopFrame();
   Cell* reader = frames_.IsEmpty() ? nullptr : Top().reader;
@@ -117,10 +117,8 @@ Machine::Step Machine::Deliver(Answer answer) {
 
 // ---- Operands ----
 
-// Is the value of a reference known, and a number?
-bool Machine::IsFreshNumber(const Symbol& value) const {
-  if (value.GetKind() != Symbol::Kind::kReference) return false;
-  const Cell* cell = Quarn::GetCell(value).Get();
+// Is the value of a reference known, and a number? Null stands for no reference.
+bool Machine::IsFreshNumber(const Cell* cell) const {
   return cell && cell->state == Cell::State::kFresh && cell->version == registries_.GetVersion() &&
          cell->answer.outcome == Outcome::kValue && cell->answer.value.IsNumber();
 }

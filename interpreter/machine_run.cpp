@@ -6,6 +6,17 @@
 
 namespace Quarn {
 
+namespace {
+
+// Of a name that stands for a reference; null when it does not, or for a null reference.
+Cell* FindCell(const Name& name) {
+  if (name.IsReference()) return name.cell;
+  const bool is_reference = name.object->GetKind() == Symbol::Kind::kReference;
+  return is_reference ? GetCell(*name.object).Get() : nullptr;
+}
+
+}  // namespace
+
 // Runs instructions on numbers and on symbols that hold numbers, which cannot fail or wait. Returns
 // the first other one.
 // One function, so that the top of the stack stays in a register.
@@ -148,19 +159,22 @@ Machine::Step Machine::PushSymbol(const Instruction& instruction) {
     operands_.Push(name->number);
     return Step::kNext;
   }
-  if (IsFreshNumber(*name->object) && IsAppliedAtOnce(instruction)) {
-    Cell& cell = *Quarn::GetCell(*name->object);
-    if (Top().reader) cell.readers.Add(*Top().reader);
-    operands_.Push(cell.answer.value.GetNumber());
+  Cell* cell = FindCell(*name);
+  if (IsFreshNumber(cell) && IsAppliedAtOnce(instruction)) {
+    if (Top().reader) cell->readers.Add(*Top().reader);
+    operands_.Push(cell->answer.value.GetNumber());
     return Step::kNext;
   }
-  if (IsLookedAtOnly(*name->object, (&instruction)[1])) {
+  if (name->IsReference()) {
+    operands_.Push(Quarn::NewReference(Symbol::NoName(), CellPtr(cell)));
+  } else if (IsLookedAtOnly(*name->object, (&instruction)[1])) {
     operands_.Push().SetObject(name->object);
     return Step::kNext;
+  } else {
+    // Kept, since a type's Clone may give the name another value.
+    const s_refptr<Symbol> object = name->object;
+    operands_.Push(Operand::CopyOf(*object));
   }
-  // Kept, since a type's Clone may give the name another value.
-  const s_refptr<Symbol> object = name->object;
-  operands_.Push(Operand::CopyOf(*object));
   if (!instruction.is_whole || Top().name->IsEmpty()) return Step::kNext;
   return WarnAboutSymbol();
 }
@@ -185,6 +199,11 @@ bool Machine::IsLookedAtOnly(const Symbol& object, const Instruction& next) cons
 }
 
 Machine::Step Machine::FailToFind(std::string_view text, const Instruction& instruction) {
+  if (Top().cell) {
+    // Nobody hears of the errors of a reference.
+    Top().failure = Failure::kUnknownName;
+    return Step::kFailed;
+  }
   if (!instruction.allows_new || !Top().name->IsEmpty()) {
     return Fail(Failure::kUnknownName, messages::UnknownSymbol(text));
   }

@@ -34,7 +34,11 @@ SymbolTable::~SymbolTable() {
 
 const s_refptr<Symbol>& SymbolTable::GetObject(Name& name) const {
   if (name.IsNumber()) {
-    name.object = NewNumber(s_str(GetNameOfNumber(name)), name.number);
+    name.object = NewNumber(s_str(GetNameOfValue(name)), name.number);
+    name.content = Name::Content::kObject;
+  } else if (name.IsReference()) {
+    name.object = NewReference(s_str(GetNameOfValue(name)), CellPtr(name.cell));
+    CellPtr::Attach(name.cell);
     name.content = Name::Content::kObject;
   }
   return name.object;
@@ -48,10 +52,25 @@ void SymbolTable::SetContent(Name& name, Name::Content content) {
   name.readers.Invalidate();
 }
 
-void SymbolTable::Set(std::string_view text, s_refptr<Symbol> value) {
+s_refptr<Symbol> SymbolTable::Replace(std::string_view text, s_refptr<Symbol> value) {
   Name& name = FindOrAdd(text);
-  name.object.Swap(value);
+  s_refptr<Symbol> before = GetObject(name);
+  name.object = std::move(value);
   SetContent(name, Name::Content::kObject);
+  return before;
+}
+
+s_refptr<Symbol> SymbolTable::ReplaceByReference(std::string_view text, CellPtr cell) {
+  Name& name = FindOrAdd(text);
+  s_refptr<Symbol> before = GetObject(name);
+  SetReference(name, std::move(cell));
+  return before;
+}
+
+void SymbolTable::SetReference(Name& name, CellPtr cell) {
+  const Former before(name);
+  name.cell = cell.Detach();
+  SetContent(name, Name::Content::kReference);
 }
 
 void SymbolTable::SetNumber(std::string_view text, double number, bool is_named) {
@@ -59,17 +78,17 @@ void SymbolTable::SetNumber(std::string_view text, double number, bool is_named)
 }
 
 void SymbolTable::SetNumber(Name& name, double number, bool is_named) {
-  const s_refptr<Symbol> before = std::move(name.object);
+  const Former before(name);
   name.number = number;
   SetContent(name, is_named ? Name::Content::kNumber : Name::Content::kUnnamedNumber);
 }
 
 void SymbolTable::SetLastResult(const Operand& value, std::string_view name_of_number) {
   Name& name = *last_result_;
-  const s_refptr<Symbol> before = std::move(name.object);
+  if (value.IsNumber()) name_of_last_result_.Assign(name_of_number);
+  const Former before(name);
   if (value.IsNumber()) {
     name.number = value.GetNumber();
-    name_of_last_result_.Assign(name_of_number);
     SetContent(name, Name::Content::kNumber);
   } else {
     name.object = value.GetValue();
@@ -77,10 +96,15 @@ void SymbolTable::SetLastResult(const Operand& value, std::string_view name_of_n
   }
 }
 
+void SymbolTable::SetLastReference(CellPtr cell, std::string_view name) {
+  name_of_last_result_.Assign(name);
+  SetReference(*last_result_, std::move(cell));
+}
+
 void SymbolTable::Erase(std::string_view text) {
   Name* name = Find(text);
   if (!name) return;
-  const s_refptr<Symbol> before = std::move(name->object);
+  const Former before(*name);
   SetContent(*name, Name::Content::kNothing);
   RemoveIfUnused(*name);
 }

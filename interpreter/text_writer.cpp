@@ -112,16 +112,13 @@ void TextWriter::Pop() {
 s_str WriteToText(const Symbol& value) {
   s_str text;
   TextWriter writer(text);
-  WriteOut(writer, value);
+  value.Write(writer);
+  WriteOut(writer);
   return text;
 }
 
-bool WriteOut(TextWriter& writer, const Symbol& value) {
-  value.Write(writer);
-  while (!writer.Proceed()) {
-    const CellPtr cell = writer.GetAwaited();
-    writer.Continue(cell->Follow());
-  }
+bool WriteOut(TextWriter& writer) {
+  while (!writer.Proceed()) writer.Continue(writer.GetAwaited()->Follow());
   return !writer.IsCutOff();
 }
 

@@ -75,6 +75,6 @@ class TextWriter {
 // The text of a value: ToString for values that override Write.
 s_str WriteToText(const Symbol& value);
 // Writes all that there is to write; false when the limit was reached.
-bool WriteOut(TextWriter& writer, const Symbol& value);
+bool WriteOut(TextWriter& writer);
 
 }  // namespace Quarn

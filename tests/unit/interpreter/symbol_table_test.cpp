@@ -8,6 +8,8 @@
 #include <random>
 #include <string>
 
+#include "interpreter/core.h"
+#include "interpreter/state.h"
 #include "tests/support/dump.h"
 #include "utils/text_hash.h"
 
@@ -183,12 +185,74 @@ TEST(SymbolTable, ANumberIsNoObjectUntilSomebodyAsks) {
   symbols.SetNumber("x", 2.5, true);
   symbols.SetNumber("y", 3, false);
   EXPECT_TRUE(symbols.Find("x")->IsNumber());
-  EXPECT_EQ(symbols.GetNameOfNumber(*symbols.Find("x")), "x");
-  EXPECT_EQ(symbols.GetNameOfNumber(*symbols.Find("y")), "");
+  EXPECT_EQ(symbols.GetNameOfValue(*symbols.Find("x")), "x");
+  EXPECT_EQ(symbols.GetNameOfValue(*symbols.Find("y")), "");
   const s_refptr<Symbol> object = symbols.GetObject(*symbols.Find("x"));
   EXPECT_EQ(object->ToString().Get(), "x = 2.5");
   EXPECT_EQ(symbols.GetObject(*symbols.Find("x")).Get(), object.Get());
   EXPECT_EQ(TextOf(symbols, "y"), "3");
+}
+
+TEST(SymbolTable, AReferenceIsNoObjectUntilSomebodyAsks) {
+  State state;
+  SymbolTable& symbols = state.GetCore().symbols;
+  const CellPtr cell = state.GetCore().machine.GetCell("1+2");
+  EXPECT_EQ(symbols.ReplaceByReference("r", cell).Get(), nullptr);
+  ASSERT_TRUE(symbols.Find("r")->IsReference());
+  EXPECT_EQ(symbols.Find("r")->cell, cell.Get());
+  EXPECT_EQ(symbols.GetNameOfValue(*symbols.Find("r")), "r");
+  const s_refptr<Symbol> object = symbols.GetObject(*symbols.Find("r"));
+  EXPECT_FALSE(symbols.Find("r")->IsReference());
+  EXPECT_EQ(object->GetName().Get(), "r");
+  EXPECT_EQ(object->ToString().Get(), "r = 3");
+  EXPECT_EQ(symbols.GetObject(*symbols.Find("r")).Get(), object.Get());
+}
+
+TEST(SymbolTable, AReferenceWithoutACellIsANullReference) {
+  State state;
+  SymbolTable& symbols = state.GetCore().symbols;
+  symbols.ReplaceByReference("r", CellPtr());
+  EXPECT_TRUE(symbols.Contains("r"));
+  EXPECT_EQ(TextOf(symbols, "r"), "null");
+}
+
+TEST(SymbolTable, ReplacingTellsWhatWasThere) {
+  State state;
+  SymbolTable& symbols = state.GetCore().symbols;
+  const CellPtr cell = state.GetCore().machine.GetCell("1+2");
+  symbols.SetNumber("x", 5, true);
+  EXPECT_EQ(symbols.ReplaceByReference("x", cell)->ToString().Get(), "x = 5");
+  EXPECT_EQ(symbols.Replace("x", New("y"))->ToString().Get(), "x = 3");
+  EXPECT_EQ(symbols.ReplaceByReference("x", cell)->ToString().Get(), "y");
+  EXPECT_EQ(symbols.ReplaceByReference("x", cell)->ToString().Get(), "x = 3");
+}
+
+TEST(SymbolTable, AReferenceGoesWithItsCell) {
+  State state;
+  SymbolTable& symbols = state.GetCore().symbols;
+  const auto replace = [&](std::string_view how) {
+    if (how == "number") symbols.SetNumber("r", 1, true);
+    if (how == "object") symbols.Set("r", New("r"));
+    if (how == "erased") symbols.Erase("r");
+    if (how == "cleared") symbols.Clear();
+  };
+  for (const char* how : {"number", "object", "erased", "cleared"}) {
+    const CellPtr cell = state.GetCore().machine.GetCell("1+2");
+    symbols.ReplaceByReference("r", cell);
+    EXPECT_EQ(cell.GetCount(), 2U) << how;
+    replace(how);
+    EXPECT_EQ(cell.GetCount(), 1U) << how;
+    symbols.Erase("r");
+  }
+}
+
+TEST(SymbolTable, TheLastReferenceMayBearTheNameOfASymbol) {
+  State state;
+  SymbolTable& symbols = state.GetCore().symbols;
+  symbols.SetLastReference(state.GetCore().machine.GetCell("1+2"), "x");
+  EXPECT_EQ(TextOf(symbols, "_"), "x = 3");
+  symbols.SetLastReference({});
+  EXPECT_EQ(TextOf(symbols, "_"), "null");
 }
 
 TEST(SymbolTable, TheLastResultMayBearTheNameOfASymbol) {
