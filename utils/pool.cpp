@@ -96,7 +96,7 @@ constexpr std::size_t Index(std::size_t size) { return (size - 1) / kStep; }
 
 // Where slabs come from once there are many: storage in large pages.
 struct Chunk {
-  static constexpr std::size_t kBytes = 4 * kLargePage;
+  static constexpr std::size_t kBytes = kLargePage;
   static constexpr std::size_t kSlabsBefore = 256;
 
   char* rest = nullptr;

@@ -77,7 +77,8 @@ bool RunsOut(long allocations, bool once, Action action) {
 class DrainedPool {
  public:
   DrainedPool() {
-    for (std::size_t size = sizeof(Block); size <= kLargest; size += sizeof(Block)) {
+    // From the largest on, since the first one takes all that is not cut yet.
+    for (std::size_t size = kLargest; size > 0; size -= sizeof(Block)) {
       RunsOut(0, false, [&] {
         while (true) blocks_ = new (Pool::Allocate(size)) Block{blocks_, size};
       });

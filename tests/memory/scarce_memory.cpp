@@ -13,7 +13,7 @@ struct alignas(std::max_align_t) Header {
 static_assert(sizeof(Header) == alignof(Header));
 
 constexpr std::size_t kSlabBytes = 4096;
-constexpr std::size_t kChunkBytes = 8U << 20;  // of slabs
+constexpr std::size_t kChunkBytes = 2U << 20;  // of slabs
 
 thread_local bool is_counting = false;
 thread_local std::size_t calls = 0;
