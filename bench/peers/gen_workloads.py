@@ -21,6 +21,7 @@ Workloads (SIZE):
   R2   as R1, defined from the last, before there is a base
   R3   SIZE references to one base, which is changed 500 times with one of them read each time;
        R3P the same with plain values in the place of the references
+  R4   SIZE lines that use one reference; R4P the same with a variable
        (all of R in the dialect calc only)
 
 Dialects: calc (mirlow's own syntax; also read by every line-at-a-time driver),
@@ -31,7 +32,7 @@ import random
 import sys
 
 DIALECTS = "calc bc dc apcalc qalc octave gp lua python gawk tcl fend".split()
-WORKLOADS = "W1 W2 W3 W3P W3L W4 W4I W5 W6 W7 R1 R1P R2 R3 R3P".split()
+WORKLOADS = "W1 W2 W3 W3P W3L W4 W4I W5 W6 W7 R1 R1P R2 R3 R3P R4 R4P".split()
 
 # ---- expressions: ("n", text) ("v", name) ("neg", e) ("call", f, [e...]) (op, l, r)
 PREC = {"+": 1, "-": 1, "*": 2, "/": 2}
@@ -283,6 +284,8 @@ def reference_lines(workload, size):
     if workload in ("R3", "R3P"):
         changes = [t for i in range(CHANGES) for t in (f"a={i}", f"r{i * 7919 % size}")]
         return ["a=1"] + [f"r{i}{equals}a+{i}" for i in range(size)] + changes
+    if workload in ("R4", "R4P"):
+        return ["a=1", f"r{equals}a+1"] + [f"r+{i}" for i in range(size)]
     links = [f"r{i}{equals}r{i - 1}+1" for i in range(1, size + 1)]
     if workload == "R2":
         return links[::-1] + ["r0=1", "r0=5", f"r{size}"]
@@ -378,6 +381,8 @@ def expected(workload, size):
             for i in range(CHANGES):
                 k = i * 7919 % size
                 out[size + 2 + 2 * i] = float(k + (1 if workload == "R3P" else i))
+        elif workload in ("R4", "R4P"):
+            out[2:] = [float(2 + i) for i in range(size)]
         else:
             out[-1] = float(size + (1 if workload == "R1P" else 5))
         return out
