@@ -8,6 +8,8 @@
 
 namespace Quarn {
 
+// The names are those that containers ask for.
+// NOLINTBEGIN(readability-identifier-naming)
 template <class T>
 struct PoolAllocator {
   using value_type = T;
@@ -16,12 +18,14 @@ struct PoolAllocator {
   template <class Other>
   explicit(false) PoolAllocator(const PoolAllocator<Other>&) noexcept {}
 
-  T* allocate(std::size_t count) { return static_cast<T*>(Pool::Allocate(count * sizeof(T))); }
-  void deallocate(T* storage, std::size_t count) noexcept {
-    Pool::Free(storage, count * sizeof(T));
-  }
+  T* allocate(std::size_t count) { return static_cast<T*>(Pool::Allocate(count * kBytes)); }
+  void deallocate(T* storage, std::size_t count) noexcept { Pool::Free(storage, count * kBytes); }
 
   friend bool operator==(const PoolAllocator&, const PoolAllocator&) = default;
+
+ private:
+  static constexpr std::size_t kBytes = sizeof(T);  // NOLINT(bugprone-sizeof-expression): pointer
 };
+// NOLINTEND(readability-identifier-naming)
 
 }  // namespace Quarn

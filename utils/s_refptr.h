@@ -54,7 +54,7 @@ class s_refptr {
 
   // Safe when `other` is a member of the object being released: the new object is held first.
   s_refptr& operator=(const s_refptr& other) {
-    if (counts_ != other.counts_) s_refptr(other).Swap(*this);
+    if (this != &other) s_refptr(other).Swap(*this);
     return *this;
   }
   s_refptr& operator=(s_refptr&& other) noexcept {
