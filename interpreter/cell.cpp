@@ -96,6 +96,7 @@ void Readers::InvalidateAll() {
       if (cell.state == Cell::State::kUnderWay) cell.state = Cell::State::kUnderWayAndChanged;
       if (cell.state != Cell::State::kFresh) continue;
       cell.state = Cell::State::kStale;
+      // Nobody is to be told, and there is nothing to drop.
       if (cell.readers.AreNone() && !cell.answer.HoldsObjects()) continue;
       cell.awaited = nullptr;
       *last = &cell;

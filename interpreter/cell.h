@@ -189,9 +189,9 @@ class Cells {
 
   // The cell of an expression; of a stretch of the text of another cell, which is shared.
   CellPtr Get(std::string_view text);
+  CellPtr GetPart(const Cell& of, std::uint32_t begin, std::uint32_t length);
   // Before other work, when the cell is to be got after that.
   void Prefetch(std::string_view text) const { table_.Prefetch(Hash(text)); }
-  CellPtr GetPart(const Cell& of, std::uint32_t begin, std::uint32_t length);
 
   Machine& GetMachine() const { return *machine_; }
   SymbolTable& GetSymbols() const { return *symbols_; }
