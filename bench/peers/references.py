@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""Time references beside plain values, in turns: the same script, with "=" in the place of "&=".
+"""Time references beside plain values, in turns: the same script, with "=" in the place of "&=",
+but for R2, which stands beside R1P: in its order plain values would be errors.
 
   references.py PROGRAM [ROUNDS]
 
-Prints, for each workload of gen_workloads.py whose name begins with R, the median of the processor
+Prints, for each workload of ROWS (see gen_workloads.py), the median of the processor
 time and that of the ratios within the rounds; and of the chain how long it takes to build, and then to
 change its base and read its end, by itself.
 """
